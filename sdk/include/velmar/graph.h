@@ -1,0 +1,74 @@
+// Graphs: items that own items. Root graphs can be written to text and read back.
+#pragma once
+
+#include <velmar/arrays.h>
+#include <velmar/item.h>
+#include <velmar/node_types.h>
+
+namespace Velmar {
+
+/// A graph that owns nodes and other graphs.
+class VELMAR_SDK ApiNodeGraph : public ApiItem {
+public:
+    /// A new graph inside `owner`; null when the type is unknown, a root graph's, or `owner` is null.
+    static ApiNodeGraph* create(NodeGraphType type, ApiNodeGraph* owner);
+
+    NodeGraphType type() const;
+    /// Destroys all items of the graph.
+    void clear();
+    /// Copies `item` and everything it depends on into this graph, wiring included, each dependency once, and returns
+    /// the copy of `item`. For a node in a nested graph that graph is copied whole. Null for a null item.
+    ApiItem* copyItemTree(const ApiItem* item);
+
+    /// The first node of a type in this graph, in creation order, or null.
+    ApiNode* findFirstNode(NodeType type) const;
+    /// Replaces the contents of `nodes` by the nodes of a type in this graph, with `recurse` in graphs inside it too.
+    void findNodes(NodeType type, ApiNodeArray& nodes, bool recurse) const;
+    /// Replaces the contents of `items` by the graph's own items, nodes and graphs, in creation order.
+    void getOwnedItems(ApiItemArray& items) const;
+
+    /// Moves the view so that the graph's middle stands at `offset`, in view units.
+    void recenter(Vec2<float> offset);
+    /// Lays the graph out as a tree without overlaps; `recurse` does so in graphs inside it too.
+    void unfold(bool recurse);
+    /// Dissolves this graph in its owner and replaces the contents of `items` by what came out; `recurse` dissolves the
+    /// graphs inside it too. A root graph stays as it is.
+    void ungroup(bool recurse, ApiItemArray& items);
+
+protected:
+    ApiNodeGraph() = default;
+    ~ApiNodeGraph() = default;
+
+private:
+    friend struct ItemRecord;
+};
+
+/// A graph that can be written to scene text and read back.
+class VELMAR_SDK ApiRootNodeGraph : public ApiNodeGraph {
+public:
+    /// Maps the name of an asset in a scene to a path; null keeps the name. `user` is handed through.
+    using AssetResolver = const char* (*)(const char* asset, void* user);
+
+    /// A free root graph that is not the project's. `version` is the scene version that the caller writes for, 3080100
+    /// for instance. It ends with destroy().
+    static ApiRootNodeGraph* create(unsigned version);
+
+    /// The graph as scene text, never null, empty on failure; valid until the next call on the graph. `path` is the
+    /// file beside which relative asset names stand, or null; `with_assets` keeps the names of asset files.
+    const char* exportToString(const char* path, bool with_assets);
+    /// Reads scene text of `size` bytes into the graph. `path` is as above, `version_out` receives the text's version.
+    /// False, and an unchanged graph, when the text is no scene text.
+    bool import(const char* text, std::size_t size, const char* path, unsigned& version_out, AssetResolver resolver,
+                void* user);
+    /// Reads a scene file or a scene package into the graph.
+    bool import(const char* path, unsigned& version_out, AssetResolver resolver, void* user);
+
+protected:
+    ApiRootNodeGraph() = default;
+    ~ApiRootNodeGraph() = default;
+
+private:
+    friend struct ItemRecord;
+};
+
+}  // namespace Velmar
