@@ -12,6 +12,7 @@
 #include <ostream>
 
 #include "plugin/nodes/node_utils.h"
+#include "plugin/nodes/sdk_state.h"
 #include "plugin/velmar/render_targets.h"
 #include "plugin/velmar/setters/camera.h"
 #include "plugin/velmar/setters/quality.h"
@@ -125,12 +126,12 @@ bool VelmarManager::ExportScene(const std::string&, const std::vector<Page>&) {
 }
 
 ApiNode* VelmarManager::GeometryGroup() {
-    return geometry_group;
+    return SdkRuns() ? geometry_group : nullptr;
 }
 
 void VelmarManager::InitGeometryGroup() {
     const RenderTargets& targets = RenderTargets::Shared();
-    if (targets.nodes.empty() || geometry_group != nullptr) return;
+    if (!SdkRuns() || targets.nodes.empty() || geometry_group != nullptr) return;
     geometry_group = ApiNode::create(NODE_GEOMETRY_GROUP, ApiProjectManager::rootNodeGraph(), true);
     for (const auto& [page, node] : targets.nodes) {
         if (node != nullptr) node->connectTo(PIN_RENDER_GEOMETRY, geometry_group, true, false);
@@ -150,7 +151,7 @@ bool VelmarManager::UpdateAndRestart() {
 }
 
 ApiNode* VelmarManager::RenderTarget() {
-    return RenderTargets::Shared().InUse();
+    return SdkRuns() ? RenderTargets::Shared().InUse() : nullptr;
 }
 
 bool VelmarManager::IsRenderTarget(const ApiItem* item) {

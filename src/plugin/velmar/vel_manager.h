@@ -48,7 +48,7 @@ public:
     /// Has no effect. Always true.
     static bool ExportScene(const std::string& path, const std::vector<Page>& pages);
 
-    /// The node that holds the scene's geometry; null before InitGeometryGroup.
+    /// The node that holds the scene's geometry; null before InitGeometryGroup and after the SDK's stop.
     static ApiNode* GeometryGroup();
     /// Makes the geometry group and connects every render target to it, when there is a render target and no group yet.
     /// A render target that comes later is not connected.
@@ -60,7 +60,8 @@ public:
     /// back to life. False, with nothing updated, when the engine refuses the render target.
     static bool UpdateAndRestart();
 
-    /// The render target of the current page, else the first one by page name; null when there is none.
+    /// The render target of the current page, else the first one by page name; null when there is none and after the
+    /// SDK's stop.
     static ApiNode* RenderTarget();
     /// True when `item` is one of the render targets, by address.
     static bool IsRenderTarget(const ApiItem* item);
