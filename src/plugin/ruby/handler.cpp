@@ -3,8 +3,6 @@
 #include <new>
 #include <stdexcept>
 
-#include "plugin/utils/not_implemented.h"
-
 namespace Velmar::Ruby::Detail {
 
 namespace {
@@ -45,6 +43,12 @@ Failure describe_failure() noexcept {
 void raise(Failure failure) {
     if (failure.tag != 0) rb_jump_tag(failure.tag);
     rb_enc_raise(rb_utf8_encoding(), failure.exception_class, "%s", message);
+}
+
+std::string current_method() {
+    const char* name = nullptr;
+    protect([&] { name = rb_id2name(rb_frame_this_func()); });
+    return name == nullptr ? "this command" : name;
 }
 
 void define(VALUE klass, const char* name, VALUE (*function)(ANYARGS), int arity) {

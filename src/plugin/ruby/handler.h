@@ -18,13 +18,18 @@
 // ArgumentError, std::out_of_range and std::length_error a RangeError, std::bad_alloc a NoMemoryError, NotImplemented a
 // NotImplementedError, all else a RuntimeError, with the native message. No interpreter function that can raise may be
 // called bare: the conversions of arguments.h and answers.h are safe wherever they stand, anything else goes through
-// protect() (guard.h).
+// protect() (guard.h). A command that is not built yet is registered by define_not_implemented<Count>(klass, "name").
 //
 // The way from Ruby into a handler costs one direct call, which the compiler takes in: a handler of the geometry stream
 // needs no form of its own.
 #pragma once
 
+#include <cstddef>
+#include <string>
+#include <utility>
+
 #include "plugin/ruby/guard.h"
+#include "plugin/utils/not_implemented.h"
 
 namespace Velmar::Ruby {
 
@@ -71,17 +76,47 @@ void define(VALUE klass, const char* name) {
     Detail::define(klass, name, RUBY_METHOD_FUNC(&Traits::template call<Handler>), Traits::arity);
 }
 
+namespace Detail {
+
+/// Name of the method that Ruby called last.
+std::string current_method();
+
+template <std::size_t>
+using ArgumentAt = VALUE;
+
+template <typename Indices>
+struct MissingHandler;
+
+template <std::size_t... Indices>
+struct MissingHandler<std::index_sequence<Indices...>> {
+    static VALUE call(VALUE, ArgumentAt<Indices>...) { throw NotImplemented(current_method()); }
+};
+
+}  // namespace Detail
+
+/// Defines a singleton method of `Count` arguments that has no body yet: it raises NotImplementedError with its name.
+template <std::size_t Count>
+void define_not_implemented(VALUE klass, const char* name) {
+    define<&Detail::MissingHandler<std::make_index_sequence<Count>>::call>(klass, name);
+}
+
 /// Defines a class under Object, or finds the one that there is.
 VALUE open_class(const char* name);
+
+namespace Detail {
+
+template <void (*Entry)()>
+VALUE handle_entry(VALUE) {
+    Entry();
+    return Qnil;
+}
+
+}  // namespace Detail
 
 /// Runs an entry of the library, which Ruby calls without arguments, with the same care as a handler.
 template <void (*Entry)()>
 void run_entry() {
-    constexpr auto body = +[](VALUE) -> VALUE {
-        Entry();
-        return Qnil;
-    };
-    Detail::HandlerTraits<VALUE (*)(VALUE)>::call<body>(Qnil);
+    Detail::HandlerTraits<VALUE (*)(VALUE)>::call<&Detail::handle_entry<Entry>>(Qnil);
 }
 
 }  // namespace Velmar::Ruby
