@@ -1,0 +1,58 @@
+# frozen_string_literal: true
+
+require_relative 'model'
+require_relative 'transform'
+
+module VelmarHost
+  # Chooses a camera for a model that has none: a three-quarter view from the front right and somewhat above, near enough
+  # that the model just fills the picture.
+  module Framing
+    FOV_DEGREES = 35.0
+    AZIMUTH_DEGREES = 35.0      # to the right of the front, which looks along -y
+    ELEVATION_DEGREES = 20.0
+    MARGIN = 1.08               # how much larger the picture is than what it shows
+    UP = [0.0, 0.0, 1.0].freeze
+
+    module_function
+
+    # `aspect` is width / height of the picture, `fov` vertical in degrees.
+    def camera(extent, aspect:, fov: FOV_DEGREES)
+      forward = view_direction
+      right = Transform.unit(Transform.cross(forward, UP))
+      up = Transform.cross(right, forward)
+      half_height = Math.tan(fov * Math::PI / 360.0) / MARGIN
+      eye = fitted_eye(extent.points.each_slice(3).to_a, [right, up, forward], half_height * aspect, half_height)
+      target = Transform.sum(eye, forward, sight_distance(extent, eye, forward))
+      Camera.new(eye: eye, target: target, up: UP, fov: fov, parallel: false, height: nil)
+    end
+
+    def view_direction
+      azimuth = AZIMUTH_DEGREES * Math::PI / 180.0
+      elevation = ELEVATION_DEGREES * Math::PI / 180.0
+      [-Math.sin(azimuth) * Math.cos(elevation), Math.cos(azimuth) * Math.cos(elevation), -Math.sin(elevation)]
+    end
+
+    # The nearest eye from which all points lie within the pyramid of sight. A point p is inside its right plane when
+    # p.r - tx p.f <= eye.r - tx eye.f, and likewise for the other three: two planes that face each other fix the place
+    # between them and the farthest place along the direction of sight; the pair that asks for more distance wins.
+    def fitted_eye(points, axes, half_width, half_height)
+      right, up, forward = axes
+      across = opposite_planes(points, right, forward, half_width)
+      upwards = opposite_planes(points, up, forward, half_height)
+      along = [across[:along], upwards[:along]].min
+      eye = Transform.scaled(right, across[:middle])
+      eye = Transform.sum(eye, up, upwards[:middle])
+      Transform.sum(eye, forward, along)
+    end
+
+    def opposite_planes(points, sideways, forward, half_extent)
+      high = points.map { |p| Transform.dot(p, sideways) - half_extent * Transform.dot(p, forward) }.max
+      low = points.map { |p| -Transform.dot(p, sideways) - half_extent * Transform.dot(p, forward) }.max
+      { middle: (high - low) / 2.0, along: -(high + low) / (2.0 * half_extent) }
+    end
+
+    def sight_distance(extent, eye, forward)
+      [Transform.dot(Transform.difference(extent.center, eye), forward), 1e-3].max
+    end
+  end
+end
