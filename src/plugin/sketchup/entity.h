@@ -2,6 +2,7 @@
 // them. Entities are always made as shared objects; the tables of SketchupManager share ownership. Ruby thread only.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 namespace Velmar {
@@ -25,6 +26,8 @@ public:
 
     const int id;
     const Type type;
+    std::uint64_t listed_in =
+        0;  ///< number of the latest garbage collection that found it among a definition's children
 };
 
 }  // namespace Velmar

@@ -1,0 +1,97 @@
+#include "plugin/sketchup/definition.h"
+
+#include "plugin/materials/su_material.h"
+#include "plugin/nodes/node_utils.h"
+#include "plugin/proxies/proxy.h"
+#include "plugin/proxies/proxy_manager.h"
+#include "plugin/sketchup/mesh_material_map.h"
+#include "plugin/sketchup/su_manager.h"
+
+namespace Velmar {
+
+Definition::~Definition() {
+    proxy.reset();
+    ClearGeometry();
+}
+
+ApiNode* Definition::GetMesh() const {
+    return proxy != nullptr && proxy->node != nullptr ? proxy->node : mesh;
+}
+
+void Definition::ClearGeometry() {
+    NodeUtils::SafeDestroy(mesh);
+    face_materials.clear();
+    face_ids.clear();
+    faces.clear();
+    material_slots.clear();
+    mesh_maps.clear();
+    placement_evaluation_ = 0;
+}
+
+void Definition::ClearMatrices() {
+    for (const auto& [material_id, map] : mesh_maps) {
+        if (map != nullptr) map->ClearMatrices();
+    }
+}
+
+void Definition::AddInstance(const Float4x4& world_from_definition, int material_id) {
+    MeshMaterialMap* map = FindOrMakeMap(material_id);
+    if (map != nullptr) map->AddMatrix(world_from_definition);
+}
+
+MeshMaterialMap* Definition::PlacementMap(int material_id, std::uint64_t evaluation) {
+    if (placement_evaluation_ != evaluation || placement_material_id_ != material_id) {
+        placement_map_ = FindOrMakeMap(material_id);
+        placement_evaluation_ = evaluation;
+        placement_material_id_ = material_id;
+    }
+    return placement_map_;
+}
+
+MeshMaterialMap* Definition::FindOrMakeMap(int material_id) {
+    if (mesh == nullptr && proxy == nullptr) return nullptr;
+    std::shared_ptr<MeshMaterialMap>& map = mesh_maps[material_id];
+    if (map == nullptr) map = std::make_shared<MeshMaterialMap>(*this);
+    // The material may have another node by now.
+    const std::shared_ptr<SuMaterial> material = SketchupManager::GetMaterial(material_id);
+    map->SetMaterial(material != nullptr ? material->node : nullptr);
+    return map.get();
+}
+
+void Definition::SetMaterial(const std::shared_ptr<SuMaterial>& material, int face_id) {
+    std::shared_ptr<SuMaterial>& stored = face_materials[face_id];
+    if (stored != material) materials_dirty = true;
+    stored = material;
+}
+
+std::shared_ptr<SuMaterial> Definition::GetMaterial(int face_id) const {
+    const auto found = face_materials.find(face_id);
+    return found != face_materials.end() ? found->second : nullptr;
+}
+
+void Definition::RebuildMeshMaterialMaps() {
+    for (const auto& [material_id, map] : mesh_maps) {
+        if (map != nullptr) map->MapMaterial();
+    }
+}
+
+void Definition::UpdateMaterials() {
+    if (proxy != nullptr || mesh == nullptr) return;
+    TryToRebuildFaceMaterials();
+    RebuildMeshMaterialMaps();
+}
+
+void Definition::SetProxy(const char* path) {
+    proxy = ProxyManager::CreateProxy(path);
+    if (proxy != nullptr && proxy->node != nullptr) ClearGeometry();
+}
+
+void Definition::UpdateProxy() {
+    if (proxy != nullptr && proxy->node != nullptr && !proxy->path.empty()) SetProxy(proxy->path.c_str());
+}
+
+void Definition::ClearProxy() {
+    proxy.reset();
+}
+
+}  // namespace Velmar

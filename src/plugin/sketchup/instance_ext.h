@@ -1,0 +1,12 @@
+// The Ruby class ExtInstance. Free of Ruby itself, so that whoever starts the plug-in can ask for it.
+#pragma once
+
+namespace Velmar {
+
+class InstanceExt {
+public:
+    /// Defines the class with its commands.
+    static void Init();
+};
+
+}  // namespace Velmar

@@ -1,0 +1,59 @@
+// One mesh with one binding of materials, at all its places. A face without a material of its own takes that of the
+// instance that places it, so a definition has one map for each inherited material; all of them share its mesh. The two
+// nodes of a map stand in the root graph; the map destroys them when it goes. Ruby thread only.
+#pragma once
+
+#include <velmar/node.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "plugin/sketchup/float4x4.h"
+
+namespace Velmar {
+
+class Definition;
+
+class MeshMaterialMap {
+public:
+    /// `definition` must be held by a shared reference, else std::bad_weak_ptr is thrown.
+    explicit MeshMaterialMap(Definition& definition);
+    MeshMaterialMap(const MeshMaterialMap&) = delete;
+    MeshMaterialMap& operator=(const MeshMaterialMap&) = delete;
+    ~MeshMaterialMap();
+
+    /// Adds a placement: host axes, metres.
+    void AddMatrix(const Float4x4& world_from_mesh) { matrices_.push_back(world_from_mesh.ToRenderer()); }
+    /// Drops all placements; the memory stays for the next scene evaluation.
+    void ClearMatrices() { matrices_.clear(); }
+    std::size_t MatrixCount() const { return matrices_.size(); }
+    /// Placements in renderer axes and form, metres.
+    const std::vector<Matrix<float>>& Matrices() const { return matrices_; }
+
+    /// Sets the node of the inherited material; null for none.
+    void SetMaterial(ApiNode* material) { material_ = material; }
+    ApiNode* Material() const { return material_; }
+
+    /// Makes the two nodes where they are missing.
+    void Evaluate();
+    /// Wires the material map node: the mesh, then on each slot the material of the faces, or the inherited one where
+    /// they have none. The mesh must come first, as the node learns its material pins from it.
+    void MapMaterial();
+    /// The scatter node, brought up to date with the mesh and the placements.
+    ApiNode* GetGeometry();
+
+    ApiNode* Scatter() const { return scatter_; }
+    ApiNode* MaterialMap() const { return material_map_; }
+
+private:
+    void WriteInstanceIds(const ApiNode& source);
+
+    std::vector<Matrix<float>> matrices_;
+    std::weak_ptr<Definition> definition_;  ///< weak, as the definition holds the map
+    ApiNode* scatter_ = nullptr;
+    ApiNode* material_map_ = nullptr;
+    ApiNode* material_ = nullptr;
+};
+
+}  // namespace Velmar
