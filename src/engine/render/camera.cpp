@@ -87,18 +87,27 @@ Ray Camera::sphericalRay(float x, float y) const {
 }
 
 CameraSettings frame(const Bounds& bounds, FilmSize film) {
+    constexpr float kFilledShare = 0.94f;  // of the picture's width or height
     CameraSettings settings;
     settings.fov_degrees = 40.0f;
-    const Float3 centre = bounds.empty() ? Float3{} : bounds.centre();
-    float radius = bounds.empty() ? 1.0f : length(bounds.upper - bounds.lower) * 0.5f;
-    radius = std::max(radius, 1e-3f);
+    const Float3 towards_camera = normalised({-0.52f, 0.36f, 0.9f});
+    const Float3 right = normalised(cross({0, 1, 0}, towards_camera));
+    const Float3 up = cross(towards_camera, right);
 
-    // The sphere around the bounds touches the picture's narrower side.
-    float half = std::tan(radians(settings.fov_degrees) * 0.5f);
-    half *= std::min(1.0f, static_cast<float>(film.height) / static_cast<float>(std::max(film.width, 1)));
-    const float distance = radius / std::sin(std::atan(half));
-    settings.position = centre + normalised({-0.55f, 0.45f, 0.9f}) * distance;
-    settings.target = centre;
+    // Step back until each corner of the bounds lies within the picture.
+    const Bounds box = bounds.empty() ? Bounds{{-1, -1, -1}, {1, 1, 1}} : bounds;
+    const float half_width = std::tan(radians(settings.fov_degrees) * 0.5f) * kFilledShare;
+    const float half_height = half_width * static_cast<float>(film.height) / static_cast<float>(film.width);
+    float distance = 1e-3f;
+    for (int index = 0; index < 8; ++index) {
+        const Float3 corner = box.corner(index) - box.centre();
+        const float across = std::fabs(dot(corner, right)) / half_width;
+        const float along = std::fabs(dot(corner, up)) / half_height;
+        distance = std::max(distance, dot(corner, towards_camera) + std::max(across, along));
+    }
+
+    settings.position = box.centre() + towards_camera * distance;
+    settings.target = box.centre();
     settings.focal_depth = distance;
     return settings;
 }
