@@ -1,5 +1,6 @@
 #include "plugin/ruby/handler.h"
 
+#include <cstring>
 #include <new>
 #include <stdexcept>
 
@@ -42,7 +43,8 @@ Failure describe_failure() noexcept {
 
 void raise(Failure failure) {
     if (failure.tag != 0) rb_jump_tag(failure.tag);
-    rb_enc_raise(rb_utf8_encoding(), failure.exception_class, "%s", message);
+    const VALUE text = rb_utf8_str_new(message, static_cast<long>(std::strlen(message)));
+    rb_exc_raise(rb_exc_new_str(failure.exception_class, text));
 }
 
 std::string current_method() {

@@ -13,7 +13,6 @@
 #define register  // a keyword of older C++ in the older headers
 #endif
 #include <ruby.h>
-#include <ruby/encoding.h>
 #undef register
 #undef snprintf
 #undef vsnprintf
