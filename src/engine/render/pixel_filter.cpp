@@ -6,8 +6,8 @@ namespace Velmar::Engine {
 
 namespace {
 
-constexpr int kSteps = 256;
-constexpr int kStepsOfIntegral = 4096;
+constexpr int kSteps = 1024;
+constexpr int kStepsOfIntegral = 16384;
 
 // Integral of the window from its left end to the share `t` of its width, for a whole of 1.
 double integral(double t) {
