@@ -33,7 +33,7 @@ public:
     void unfold(bool recurse);
     /// Dissolves this graph in its owner and replaces the contents of `items` by what came out; `recurse` dissolves the
     /// graphs inside it too. A root graph stays as it is.
-    void ungroup(bool recurse, ApiItemArray& items);
+    void ungroup(bool recurse, ApiItemArray* items);
 
 protected:
     ApiNodeGraph() = default;

@@ -11,17 +11,12 @@ namespace {
 using Engine::Catalog;
 using Engine::TypeEntry;
 
-// A colour or a number serves wherever a texture does; sun directions are made for one pin alone, but are numbers.
-bool fits(NodePinType output, NodePinType pin) {
-    return output == pin || (pin == PIN_TYPE_TEXTURE && output == PIN_TYPE_FLOAT);
-}
-
 std::map<NodePinType, std::vector<NodeType>> fittingTypes() {
     std::map<NodePinType, std::vector<NodeType>> lists;
     for (int kind = PIN_TYPE_BOOL; kind <= PIN_TYPE_STRING; ++kind) {
         for (const TypeEntry* entry : Catalog::types()) {
             const auto pin = static_cast<NodePinType>(kind);
-            if (fits(entry->row->output, pin) && !Catalog::isLink(entry->row->type)) {
+            if (Catalog::fits(entry->row->output, pin) && !Catalog::isLink(entry->row->type)) {
                 lists[pin].push_back(entry->row->type);
             }
         }

@@ -177,6 +177,10 @@ NodeType Catalog::valueNode(NodePinType kind, unsigned dimension) {
     }
 }
 
+bool Catalog::fits(NodePinType output, NodePinType pin) {
+    return output == pin || (pin == PIN_TYPE_TEXTURE && output == PIN_TYPE_FLOAT);
+}
+
 const ApiNodePinInfo& Catalog::noPin() {
     static const ApiNodePinInfo info = [] {
         ApiNodePinInfo none{};
