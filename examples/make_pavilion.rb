@@ -11,12 +11,12 @@ class Pavilion
   include ModellingKit
 
   FLOOR = 18.0
-  COLUMN_HEIGHT = 100.0
+  COLUMN_HEIGHT = 108.0
   COLUMNS_X = [-132.0, -48.0, 48.0, 132.0].freeze
   COLUMNS_Y = 90.0
   PITCH = 28.0               # of the roof, degrees
-  RIDGE = 178.0
-  SLOPE = 147.0              # from the ridge to the eave, along the roof
+  RIDGE = 188.0
+  SLOPE = 129.0              # from the ridge to the eave, along the roof
   ROOF_HALF_LENGTH = 168.0
 
   def initialize
@@ -35,7 +35,7 @@ class Pavilion
     build_walls
     furnish
     plant
-    @model.page('Garden side', eye: [318.0, -520.0, 92.0], target: [4.0, 0.0, 84.0], fov: 29.0)
+    @model.page('Garden side', eye: [318.0, -560.0, 84.0], target: [-12.0, 0.0, 88.0], fov: 28.5)
     @model
   end
 
@@ -55,15 +55,15 @@ class Pavilion
 
   # A lawn that runs to the horizon, with soft hills far behind.
   def lay_ground
-    rings = [0.0, 120.0, 260.0, 420.0, 700.0, 1200.0, 2400.0, 5000.0, 9000.0]
-    profile = rings.reverse.map { |radius| [radius, radius < 700.0 ? 0.0 : -(radius - 600.0)**1.1 * 0.012] }
+    rings = [0.0, 120.0, 260.0, 420.0, 700.0, 1200.0, 2400.0, 5000.0, 12_000.0]
+    profile = rings.reverse.map { |radius| [radius, 0.0] }
     @root.lathe(profile, 'Lawn', segments: 40)
     hill = @model.part('Hill') do |part|
       part.lathe((0..10).map { |i| [1000.0 * Math.cos(i * Math::PI / 20.0), 1000.0 * Math.sin(i * Math::PI / 20.0)] }, 'Lawn',
                  segments: 36)
     end
     [[-2600, 5200, 2.6, 0.34], [700, 6100, 3.1, 0.42], [3600, 5600, 2.3, 0.28], [-6200, 5200, 2.9, 0.52]].each do |x, y, wide, high|
-      @root.place(hill, Place.scaled(wide, wide * 0.7, high), Place.at(x, y, -70.0))
+      @root.place(hill, Place.scaled(wide, wide * 0.7, high), Place.at(x, y, -12.0))
     end
   end
 
@@ -95,7 +95,7 @@ class Pavilion
     end
     COLUMNS_X.product([-COLUMNS_Y, COLUMNS_Y]).each { |x, y| @root.place(column, Place.at(x, y, FLOOR), name: 'Column') }
     post = @model.part('Side post') { |part| part.prism(chamfered_square(3.0, 0.6), :z, 0.0, COLUMN_HEIGHT, 'Oak') }
-    [-132.0, 132.0].each { |x| @root.place(post, Place.at(x, 0, FLOOR)) }
+    @root.place(post, Place.at(132.0, 0, FLOOR))
   end
 
   # A quarter of an arch between a column and the beam above it.
@@ -125,22 +125,19 @@ class Pavilion
     end
     @root.place(eave_beam, Place.at(0, -COLUMNS_Y, top))
     @root.place(eave_beam, Place.mirrored_y, Place.at(0, COLUMNS_Y, top))
-    side_beam = @model.part('Side beam') { |part| part.box([-3.0, -90.0, 0], [3.0, 90.0, 9.0], 'Oak', bevel: 0.6) }
-    [-132.0, 132.0].each { |x| @root.place(side_beam, Place.at(x, 0, top)) }
     truss = build_truss
-    COLUMNS_X.each { |x| @root.place(truss, Place.at(x, 0, top + 9.0), name: 'Truss') }
+    COLUMNS_X.each { |x| @root.place(truss, Place.at(x, 0, top + 1.0), name: 'Truss') }
     ridge_beam = @model.part('Ridge beam') { |part| part.box([-172.0, -3.0, -14.0], [172.0, 3.0, -3.5], 'Oak', bevel: 0.6) }
     @root.place(ridge_beam, Place.at(0, 0, RIDGE))
   end
 
   def build_truss
     strut = @model.part('Strut') do |part|
-      part.bar([[0, 4.0, 6.0], [0, 44.0, 20.5]], [2.1, 2.1], 'Oak', segments: 4)
+      part.bar([[0, 46.0, 8.0], [0, 2.0, 34.0]], [2.2, 2.2], 'Oak', segments: 4)
     end
     @model.part('Truss') do |part|
-      part.prism([[-112.0, 0], [112.0, 0], [112.0, 4.0], [106.0, 8.0], [-106.0, 8.0], [-112.0, 4.0]], :x, -3.5, 3.5, 'Oak',
-                 bevel: 0.6)
-      part.prism(chamfered_square(3.0, 0.6), :z, 8.0, 38.0, 'Oak')
+      part.box([-3.4, -88.0, 0], [3.4, 88.0, 9.0], 'Oak', bevel: 0.6)
+      part.prism(chamfered_square(3.0, 0.6), :z, 9.0, 48.0, 'Oak')
       part.place(strut)
       part.place(strut, Place.mirrored_y)
     end
@@ -165,11 +162,11 @@ class Pavilion
 
   def rafters(slope)
     rafter = @model.part('Rafter') do |part|
-      part.prism([[2.0, 0.0], [2.0, -6.0], [135.0, -6.0], [141.0, -4.6], [145.5, -2.2], [145.5, 0.0]], :x, -1.9, 1.9, 'Oak',
+      part.prism([[2.0, 0.0], [2.0, -6.0], [117.0, -6.0], [123.0, -4.6], [127.5, -2.2], [127.5, 0.0]], :x, -1.9, 1.9, 'Oak',
                  bevel: 0.3)
     end
     barge = @model.part('Barge board') do |part|
-      part.prism([[-3.0, 2.6], [-3.0, -7.4], [136.0, -7.4], [149.0, -3.0], [149.0, 2.6]], :x, 0.0, 2.0, 'Dark oak', bevel: 0.3)
+      part.prism([[-3.0, 2.6], [-3.0, -7.4], [118.0, -7.4], [131.0, -3.0], [131.0, 2.6]], :x, 0.0, 2.0, 'Dark oak', bevel: 0.3)
     end
     13.times { |i| slope.place(rafter, Place.at(-156.0 + 26.0 * i, 0)) }
     slope.place(barge, Place.at(ROOF_HALF_LENGTH, 0))
@@ -179,7 +176,7 @@ class Pavilion
   def shingles(slope)
     shingle = @model.part('Shingle') { |part| part.box([-5.85, 0, 0], [5.85, 13.5, 0.75], 'Slate', bevel: 0.18) }
     courses = [0.0, 6.0].map { |offset| shingle_course(shingle, offset) }
-    16.times do |i|
+    14.times do |i|
       slope.place(courses[i % 2], Place.turned_x(-4.2), Place.at(0, SLOPE - 10.5 - 9.0 * i, 2.25), name: "Course #{i + 1}")
     end
   end
@@ -221,9 +218,9 @@ class Pavilion
   # A plastered wall with a round opening, in the plane x = 0.
   def moon_wall
     @model.part('Moon wall') do |part|
-      radius = 35.0
-      center = 54.0
-      outline = [[84.0, 100.0], [-84.0, 100.0], [-84.0, 0.0], [84.0, 0.0]]
+      radius = 38.0
+      center = 56.0
+      outline = [[84.0, COLUMN_HEIGHT], [-84.0, COLUMN_HEIGHT], [-84.0, 0.0], [84.0, 0.0]]
       angles = (outline.map { |y, z| Math.atan2(z - center, y) } + (0..63).map { |i| (i - 32) * Math::PI / 32.0 }).uniq.sort
       angles.each_with_index do |angle, i|
         following = angles[(i + 1) % angles.size]
@@ -241,7 +238,7 @@ class Pavilion
     c = Math.cos(angle)
     s = Math.sin(angle)
     reach = [c.abs < 1e-9 ? Float::INFINITY : 84.0 / c.abs,
-             s.abs < 1e-9 ? Float::INFINITY : (s.positive? ? 100.0 - center : center) / s.abs].min
+             s.abs < 1e-9 ? Float::INFINITY : (s.positive? ? COLUMN_HEIGHT - center : center) / s.abs].min
     [reach * c, center + reach * s]
   end
 
@@ -266,15 +263,15 @@ class Pavilion
 
   # A low panel with a lattice above, 84 wide, in the plane x = 0.
   def lattice_window
-    upright = @model.part('Lattice upright') { |part| part.box([-0.7, -0.6, 0], [0.7, 0.6, 66.0], 'Oak', bevel: 0.12) }
+    upright = @model.part('Lattice upright') { |part| part.box([-0.7, -0.6, 0], [0.7, 0.6, 74.0], 'Oak', bevel: 0.12) }
     crossbar = @model.part('Lattice crossbar') { |part| part.box([-0.5, -39.5, -0.5], [0.5, 39.5, 0.5], 'Oak', bevel: 0.1) }
     leaf = @model.part('Lattice') do |part|
-      part.box([-1.6, -42.0, 0], [1.6, -39.0, 72.0], 'Oak', bevel: 0.3)
-      part.box([-1.6, 39.0, 0], [1.6, 42.0, 72.0], 'Oak', bevel: 0.3)
+      part.box([-1.6, -42.0, 0], [1.6, -39.0, 80.0], 'Oak', bevel: 0.3)
+      part.box([-1.6, 39.0, 0], [1.6, 42.0, 80.0], 'Oak', bevel: 0.3)
       part.box([-1.55, -39.0, 0], [1.55, 39.0, 3.0], 'Oak', bevel: 0.3)
-      part.box([-1.55, -39.0, 69.0], [1.55, 39.0, 72.0], 'Oak', bevel: 0.3)
+      part.box([-1.55, -39.0, 77.0], [1.55, 39.0, 80.0], 'Oak', bevel: 0.3)
       [-29.0, -19.5, -10.0, 10.0, 19.5, 29.0].each { |y| part.place(upright, Place.at(0, y, 3.0)) }
-      [12.0, 22.5, 33.0, 54.0, 61.5].each { |z| part.place(crossbar, Place.at(0, 0, z)) }
+      [13.0, 24.0, 35.0, 58.0, 67.5].each { |z| part.place(crossbar, Place.at(0, 0, z)) }
     end
     @model.part('Window') do |part|
       part.box([-2.0, -42.0, 0], [2.0, 42.0, 26.0], 'Plaster', bevel: 0.2)
@@ -455,7 +452,7 @@ class Pavilion
     pot = potted_plant(leaf)
     @root.place(pot, Place.at(70.0, -134.0), name: 'Planter')
     @root.place(pot, Place.mirrored_x, Place.turned_z(25.0), Place.at(-70.0, -134.0), name: 'Planter')
-    @root.place(stone_lantern, Place.turned_z(30.0), Place.at(148.0, -212.0), name: 'Lantern')
+    @root.place(stone_lantern, Place.turned_z(30.0), Place.at(-128.0, -196.0), name: 'Lantern')
     grow_maple
     grow_shrubs
     grow_grass
@@ -465,7 +462,7 @@ class Pavilion
     stones = 3.times.map { |i| stepping_stone(i) }
     9.times do |i|
       x = 6.0 + 2.4 * i * i
-      @root.place(stones[i % 3], Place.scaled(1.0 + 0.03 * i, i.odd? ? -1.0 : 1.0, 1.0), Place.turned_z(37.0 * i),
+      @root.place(stones[i % 3], Place.scaled(1.0 + 0.03 * i, i.odd? ? -1.0 : 1.0, 1.0), Place.turned_z(12.0 * (i % 4) - 18.0),
                   Place.at(x + (i.even? ? -7.0 : 7.0), -176.0 - 27.0 * i))
     end
   end
@@ -474,9 +471,9 @@ class Pavilion
     outline = (0..10).map do |i|
       angle = 2.0 * Math::PI * i / 11.0
       reach = 1.0 + 0.09 * Math.sin(2.0 * angle + number) + 0.06 * Math.cos(3.0 * angle + 2.0 * number)
-      [19.0 * reach * Math.cos(angle), 14.0 * reach * Math.sin(angle)]
+      [13.5 * reach * Math.cos(angle), 9.5 * reach * Math.sin(angle)]
     end
-    @model.part("Stepping stone #{number + 1}") { |part| part.prism(outline, :z, -3.0, 2.4, 'Limestone', bevel: 0.8) }
+    @model.part("Stepping stone #{number + 1}") { |part| part.prism(outline, :z, -3.0, 3.2, 'Limestone', bevel: 0.8) }
   end
 
   # A leaf that grows along y and bends down, one inch stalk at the origin.
@@ -524,7 +521,7 @@ class Pavilion
     end
   end
 
-  # A small maple behind the left corner.
+  # A maple behind the left corner and a smaller one, mirrored, behind the right.
   def grow_maple
     leaf = leaf_part('Maple leaf', 'Maple leaf', 6.0, 2.4, 2.6)
     spray = @model.part('Maple spray') do |part|
@@ -539,7 +536,7 @@ class Pavilion
       branches.each { |path| part.bar(path, [2.4, 1.7, 1.0, 0.45], 'Bark', segments: 6) }
       branches.each { |path| leafy_branch(part, spray, path) }
     end
-    @root.place(maple, Place.at(-214.0, 40.0), name: 'Maple')
+    @root.place(maple, Place.scaled(1.15), Place.at(-252.0, 60.0), name: 'Maple')
     @root.place(maple, Place.scaled(-0.8, 0.8, 0.72), Place.turned_z(140.0), Place.at(226.0, 150.0), name: 'Maple')
   end
 

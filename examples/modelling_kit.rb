@@ -390,8 +390,12 @@ module ModellingKit
                   hidden_layers: [] }
     end
 
+    # One line for each entry of a list, so that a change of the script shows as a change of few lines.
     def write(path)
-      File.write(path, "#{JSON.generate(record)}\n")
+      lists, values = record.partition { |_, value| value.is_a?(Array) }
+      lines = values.map { |key, value| "#{JSON.generate(key)}: #{JSON.generate(value)}" } +
+              lists.map { |key, list| "#{JSON.generate(key)}: [\n#{list.map { |entry| JSON.generate(entry) }.join(",\n")}\n]" }
+      File.write(path, "{\n#{lines.join(",\n")}\n}\n")
     end
 
     def record

@@ -34,15 +34,27 @@ module VelmarHost
 
     # The nearest eye from which all points lie within the pyramid of sight. A point p is inside its right plane when
     # p.r - tx p.f <= eye.r - tx eye.f, and likewise for the other three: two planes that face each other fix the place
-    # between them and the farthest place along the direction of sight; the pair that asks for more distance wins.
+    # between them and the farthest place along the direction of sight. The pair that asks for more distance wins; the
+    # other one is narrowed until it asks for as much, which puts the model in its middle as well.
     def fitted_eye(points, axes, half_width, half_height)
       right, up, forward = axes
       across = opposite_planes(points, right, forward, half_width)
       upwards = opposite_planes(points, up, forward, half_height)
       along = [across[:along], upwards[:along]].min
-      eye = Transform.scaled(right, across[:middle])
-      eye = Transform.sum(eye, up, upwards[:middle])
+      across = narrowed(points, right, forward, half_width, along) if across[:along] > along
+      upwards = narrowed(points, up, forward, half_height, along) if upwards[:along] > along
+      eye = Transform.sum(Transform.scaled(right, across[:middle]), up, upwards[:middle])
       Transform.sum(eye, forward, along)
+    end
+
+    def narrowed(points, sideways, forward, half_extent, along)
+      low = 0.0
+      high = half_extent
+      60.times do
+        middle = (low + high) / 2.0
+        opposite_planes(points, sideways, forward, middle)[:along] > along ? high = middle : low = middle
+      end
+      opposite_planes(points, sideways, forward, high)
     end
 
     def opposite_planes(points, sideways, forward, half_extent)
