@@ -34,6 +34,11 @@ public:
         std::uint32_t pin_index;  ///< pin that changed, or the pin of `owner` that owns the item
     };
 
+    // A change of a value is told of the node that holds it, with the pin that owns that node, and of each node that
+    // uses it, with the pin on which it does; where the user is itself a value node or a link, of its users too. So a
+    // sun direction tells of each change of place and time. In ITEM_DELETE the item stands nowhere any more but still
+    // tells its name and type; it is a tombstone when all have heard of it.
+
     /// A callback with its user pointer. The record must live as long as it observes.
     struct Observer {
         void (*callback)(const ChangeEvent& event, void* user);

@@ -17,7 +17,10 @@ public:
     /// Destroys all items of the graph.
     void clear();
     /// Copies `item` and everything it depends on into this graph, wiring included, each dependency once, and returns
-    /// the copy of `item`. For a node in a nested graph that graph is copied whole. Null for a null item.
+    /// the copy of `item`. What stands beside `item` comes to stand beside its copy, and so does what stands in a graph
+    /// around it; what stands in another graph brings that graph along, as a graph of the same name in this one that
+    /// holds what was needed. A graph is copied with all its items; a node that a pin owns becomes a free one. Null for
+    /// a null item.
     ApiItem* copyItemTree(const ApiItem* item);
 
     /// The first node of a type in this graph, in creation order, or null.
@@ -27,12 +30,13 @@ public:
     /// Replaces the contents of `items` by the graph's own items, nodes and graphs, in creation order.
     void getOwnedItems(ApiItemArray& items) const;
 
-    /// Moves the view so that the graph's middle stands at `offset`, in view units.
+    /// Moves the view so that the middle of the items' places stands at `offset`, in view units. No item moves.
     void recenter(Vec2<float> offset);
     /// Lays the graph out as a tree without overlaps; `recurse` does so in graphs inside it too.
     void unfold(bool recurse);
-    /// Dissolves this graph in its owner and replaces the contents of `items` by what came out; `recurse` dissolves the
-    /// graphs inside it too. A root graph stays as it is.
+    /// Dissolves this graph in its owner and replaces the contents of `items`, unless that is null, by what came out;
+    /// `recurse` dissolves the graphs inside it too. Items keep the places at which they were seen. A root graph stays as
+    /// it is.
     void ungroup(bool recurse, ApiItemArray* items);
 
 protected:

@@ -23,7 +23,8 @@ struct ItemRecord;
 ///
 /// Attributes are read and written by AttributeId or by index in the item's attribute list. Reading an attribute that
 /// the item does not have, or as another type than its own, answers 0, false, an empty text or an empty array. Writing
-/// one changes nothing. Writing the value that stands already is no change and wakes no observer.
+/// one changes nothing. Writing the value that stands already, bit by bit, is no change and wakes no observer. The same
+/// goes for an attribute that follows from a node's pins, the direction of a sun for instance.
 class VELMAR_SDK ApiItem {
 public:
     ApiItem(const ApiItem&) = delete;
@@ -51,7 +52,8 @@ public:
     Vec2<float> position() const;
     void setPosition(Vec2<float> position);
 
-    /// Disconnects the item everywhere, ends it and what it owns, and leaves a tombstone.
+    /// Disconnects the item everywhere, ends it and what it owns, and leaves a tombstone. The project's root graph and
+    /// settings stay.
     void destroy();
     /// Makes attributes that were written without evaluation take effect.
     void evaluate();
@@ -81,7 +83,7 @@ public:
     bool get(AttributeId id, Matrix<float>& out) const;
 
     /// Each writes an attribute. `evaluate` false leaves the effect to a later evaluate(), for an item that is filled
-    /// by several calls.
+    /// by several calls; what was not evaluated takes effect with the next ApiChangeManager::update().
     void set(AttributeId id, bool value, bool evaluate);
     void set(AttributeId id, int value, bool evaluate);
     void set(AttributeId id, float value, bool evaluate);

@@ -46,7 +46,8 @@ public:
 
     /// The value node that carries a value of that kind and dimension; NODE_UNKNOWN for kinds without a value.
     static NodeType valueNode(NodePinType kind, unsigned dimension);
-    /// True when a node of that output may stand on a pin of that kind: they are equal, or a number serves as a texture.
+    /// True when a node of that output may stand on a pin of that kind: they are equal, or a number serves as a
+    /// texture.
     static bool fits(NodePinType output, NodePinType pin);
     /// True for the types from NODE_LINK_FIRST up.
     static bool isLink(NodeType type) { return type >= NODE_LINK_FIRST; }

@@ -62,12 +62,13 @@ enum class DynamicPins : std::uint8_t {
     NamedByGeometry,     ///< one for each of the ATTR_MATERIAL_NAMES of the geometry on its first pin
 };
 
-/// What a node answers when the pin on which it stands is read as a value.
+/// What a node answers when the pin on which it stands is read as a value: nothing, or its first attribute. An
+/// attribute that follows from the pins cannot be written.
 enum class ValueSource : std::uint8_t {
     None,
-    Attribute,     ///< the first attribute
-    ScaleMatrix,   ///< the scaling by the vector on the first pin
-    SunDirection,  ///< the first attribute, which follows from the pins and cannot be written
+    Attribute,     ///< written by whoever likes
+    Scale,         ///< the scaling by the vector on the first pin
+    SunDirection,  ///< the direction of the place and time on the pins
 };
 
 struct NodeTypeRow {

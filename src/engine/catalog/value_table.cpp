@@ -27,6 +27,10 @@ constexpr PinRow scale_pins[] = {
     float3Pin(PIN_SCALE, "Scale", {1.0F, 1.0F, 1.0F}, {-1.0e6, 1.0e6, 0.001, 1000.0}),
 };
 
+constexpr AttributeRow scale_attributes[] = {
+    attribute(ATTR_TRANSFORM, ATTR_TYPE_MATRIX, "Follows from the pin"),
+};
+
 constexpr PinRow geometry_link_pins[] = {nodePin(PIN_GEOMETRY, PIN_TYPE_GEOMETRY, "Geometry")};
 constexpr PinRow material_link_pins[] = {nodePin(PIN_MATERIAL, PIN_TYPE_MATERIAL, "Material")};
 constexpr PinRow texture_link_pins[] = {nodePin(PIN_TEXTURE, PIN_TYPE_TEXTURE, "Texture")};
@@ -61,7 +65,8 @@ constexpr NodeTypeRow rows[] = {
      .default_name = "Scale",
      .description = "A scale alone",
      .pins = scale_pins,
-     .value = ValueSource::ScaleMatrix},
+     .attributes = scale_attributes,
+     .value = ValueSource::Scale},
     valueRow(NODE_TRANSFORM_3D, PIN_TYPE_TRANSFORM, "VELMAR_TRANSFORM3D", "3D transform", transform_attributes),
     valueRow(NODE_FLOAT, PIN_TYPE_FLOAT, "VELMAR_FLOAT", "Float value", float_value),
     valueRow(NODE_COLOR, PIN_TYPE_FLOAT, "VELMAR_RGB", "RGB colour", color_value),

@@ -66,7 +66,6 @@ void Edit::announce(ItemRecord& item) {
 
 NodeRecord& Edit::addNode(const TypeEntry& type, GraphRecord& owner) {
     NodeRecord& node = world_.newNode(type);
-    recompute(node);
     enter(node, &owner);
     announce(node);
     return node;

@@ -75,7 +75,6 @@ private:
     void evaluated(NodeRecord& node);
     void valueChanged(NodeRecord& node, unsigned pin);
     bool recompute(NodeRecord& node);
-    void recomputeAndList(NodeRecord& node);
     void coupleTransform(NodeRecord& node, unsigned index, Vec3<float> old_scale);
     void updateDynamicPins(NodeRecord& node);
     void resizePins(NodeRecord& node, unsigned count, SharedTexts names);

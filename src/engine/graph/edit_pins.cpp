@@ -90,10 +90,7 @@ void Edit::connectionChanged(NodeRecord& user, unsigned pin) {
         ChangeLog::append({Change::Kind::Connection, user.handle, static_cast<std::int32_t>(pin)});
     }
     emit(Event::CONNECTION_CHANGED, user, pin);
-    if (user.passesValue()) {
-        recomputeAndList(user);
-        valueChanged(user, pin);
-    }
+    if (user.isLink() || recompute(user)) valueChanged(user, pin);
 }
 
 void Edit::connect(NodeRecord& user, unsigned pin, NodeRecord* node) {
@@ -119,7 +116,6 @@ NodeRecord& Edit::addInternal(NodeRecord& user, unsigned pin, const TypeEntry& t
     if (type.row->value == ValueSource::Attribute) {
         node.attributes[0].value = pinDefault(user, pin, node.attributes[0].value);
     }
-    recompute(node);
     adopt(user, pin, node);
     return node;
 }

@@ -1,7 +1,7 @@
 // Attributes, and what follows from a change of value.
+#include "engine/graph/computed_value.h"
 #include "engine/graph/edit.h"
 #include "engine/graph/pin_values.h"
-#include "engine/graph/sun_position.h"
 #include "engine/graph/transform_coupling.h"
 
 #include <unordered_set>
@@ -9,11 +9,14 @@
 namespace Velmar::Engine {
 namespace {
 
-Vec3<float> directionOf(const NodeRecord& node) {
-    const auto number = [&node](PinId id) { return pinValue<float>(node, *pinIndex(node, id)); };
-    const auto count = [&node](PinId id) { return pinValue<int>(node, *pinIndex(node, id)); };
-    return sunDirection({number(PIN_LATITUDE), number(PIN_LONGITUDE), count(PIN_MONTH), count(PIN_DAY),
-                         number(PIN_HOUR), static_cast<float>(count(PIN_GMT_OFFSET))});
+bool sameNumbers(const Value& a, const Value& b) {
+    return std::visit(
+        [&b](const auto& held) {
+            using T = std::decay_t<decltype(held)>;
+            if constexpr (std::is_trivially_copyable_v<T>) return same(held, std::get<T>(b));
+            return false;
+        },
+        a);
 }
 
 }  // namespace
@@ -68,7 +71,7 @@ void Edit::valueChanged(NodeRecord& node, unsigned pin) {
         open.pop_back();
         for (const PinUse& use : source.users) {
             if (use.user->dying) continue;
-            recomputeAndList(*use.user);
+            recompute(*use.user);
             emit(Event::ITEM_VALUE_CHANGED, *use.user, use.pin);
             if (use.user->passesValue() && told.insert(use.user).second) open.push_back(use.user);
         }
@@ -77,15 +80,14 @@ void Edit::valueChanged(NodeRecord& node, unsigned pin) {
 
 // Works the value of a node out anew that follows from its pins; true when it became another.
 bool Edit::recompute(NodeRecord& node) {
-    if (node.type->row->value != ValueSource::SunDirection) return false;
-    auto& held = std::get<Vec3<float>>(node.attributes[0].value);
-    return !same(std::exchange(held, directionOf(node)), held);
-}
-
-void Edit::recomputeAndList(NodeRecord& node) {
-    if (!recompute(node)) return;
+    if (!node.isComputed()) return false;
+    Value& held = node.attributes[0].value;
+    Value value = computedValue(node);
+    if (sameNumbers(held, value)) return false;
+    held = std::move(value);
     attributeListed(node, 0);
     evaluated(node);
+    return true;
 }
 
 void Edit::coupleTransform(NodeRecord& node, unsigned index, Vec3<float> old_scale) {

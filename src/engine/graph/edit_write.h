@@ -8,7 +8,7 @@ namespace Velmar::Engine {
 template <typename T>
 bool Edit::write(NodeRecord& node, unsigned index, T value) {
     T* held = std::get_if<T>(&node.attributes[index].value);
-    if (held == nullptr || node.type->row->value == ValueSource::SunDirection) return false;
+    if (held == nullptr || (index == 0 && node.isComputed())) return false;
     const bool changed = !same(*held, value);
     [[maybe_unused]] const T old = std::exchange(*held, std::move(value));
     if (changed) {

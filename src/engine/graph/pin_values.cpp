@@ -25,16 +25,9 @@ T rowDefault(const PinRow& row) {
 
 template <typename T>
 T nodeValue(const NodeRecord& node) {
-    const ValueSource source = node.type->row->value;
-    if (source == ValueSource::ScaleMatrix) {
-        if constexpr (std::is_same_v<T, Matrix<float>>) {
-            const auto scale = pinValue<Vec3<float>>(node, 0);
-            return {{{scale.x, 0, 0, 0}, {0, scale.y, 0, 0}, {0, 0, scale.z, 0}}};
-        }
-    } else if (source != ValueSource::None) {
-        if (const T* held = std::get_if<T>(&node.attributes[0].value)) return *held;
-    }
-    return T();
+    if (node.type->row->value == ValueSource::None) return T();
+    const T* held = std::get_if<T>(&node.attributes[0].value);
+    return held == nullptr ? T() : *held;
 }
 
 std::optional<unsigned> numberedPin(const NodeRecord& node, std::string_view name) {

@@ -78,6 +78,8 @@ struct NodeRecord : ItemRecord {
     bool isLink() const { return Catalog::isLink(type->row->type); }
     /// True for a node whose value a user may read: a change of it is one of its users too.
     bool passesValue() const { return type->row->value != ValueSource::None || isLink(); }
+    /// True when the first attribute follows from the pins.
+    bool isComputed() const { return passesValue() && !isLink() && type->row->value != ValueSource::Attribute; }
     unsigned fixedPins() const { return static_cast<unsigned>(type->pins.size()); }
 
     const TypeEntry* type;

@@ -1,5 +1,7 @@
 #include "engine/graph/world.h"
 
+#include "engine/graph/computed_value.h"
+
 namespace Velmar::Engine {
 
 constinit World* World::current_ = nullptr;
@@ -26,6 +28,7 @@ NodeRecord& World::newNode(const TypeEntry& type) {
     record->attributes.reserve(type.attributes.size());
     for (const ApiAttributeInfo& info : type.attributes) record->attributes.push_back({defaultValue(info)});
     record->pins.resize(type.pins.size());
+    if (record->isComputed()) record->attributes[0].value = computedValue(*record);
     return *record;
 }
 
