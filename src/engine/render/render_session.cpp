@@ -61,6 +61,7 @@ void RenderSession::exit() {
     renderer_.setScene(nullptr);
     renderer_.clear();
     scene_.reset();
+    resetCounts();
     compiler_.reset();
     target_ = nullptr;
     pending_ = false;
