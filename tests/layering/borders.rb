@@ -22,7 +22,7 @@ class Borders
     forbid("src/plugin") { |include| within?(include, "engine") || within?(include, "host") }
   end
 
-  def engine_knows_no_host_of_its_own
+  def engine_knows_neither_plugin_nor_its_libraries
     outside = %r{\A(json|glog)/|#{RUBY}}
     forbid("src/engine") { |include| within?(include, "plugin") || include.name.match?(outside) }
   end

@@ -32,6 +32,12 @@ class Layers
       upward.map { |edge| "#{edge.include}: '#{edge.from}' stands below '#{edge.to}'" }
   end
 
+  # Layers of the list that have no folder; one line each.
+  def missing_folders
+    missing = (@names - [SURFACE]).reject { |name| Dir.exist?(File.join(@tree.root, @part, name)) }
+    missing.map { |name| "#{@part}/#{name} is listed and not there" }
+  end
+
   # Groups of modules that include each other in a circle; one line each. Needs no list.
   def cycles
     uses = Hash.new { |hash, name| hash[name] = [] }

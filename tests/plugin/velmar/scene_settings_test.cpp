@@ -60,14 +60,14 @@ TEST_F(SceneSettingsTest, ASectionThatIsNoObjectIsLoggedAndLeftOut) {
         const std::string document =
             std::string("{\"camera\": ") + section + R"(, "quality": {"width": 321, "height": 123}})";
         const Lines steps = Steps([&] { VelmarManager::SetSceneSettings(document.c_str()); });
-        EXPECT_EQ(errors.lines, Lines{std::string(kUnreadable) + ": camera"}) << section;
+        EXPECT_EQ(errors.lines, Lines{"Failed to read scene setting from .skp file: camera"}) << section;
         EXPECT_EQ(FilmSize(), (Vec2<int>{321, 123})) << "the other section is applied";
         EXPECT_EQ(Lines(steps.end() - 3, steps.end()), kRestart) << section;
         VelmarManager::SetRenderState(VelmarManager::StateType::Stopped);
     }
     const ErrorLog errors;
     VelmarManager::SetSceneSettings(R"({"quality": 4})");
-    EXPECT_EQ(errors.lines, Lines{std::string(kUnreadable) + ": quality"});
+    EXPECT_EQ(errors.lines, Lines{"Failed to read scene setting from .skp file: quality"});
     EXPECT_EQ(FilmSize(), (Vec2<int>{321, 123}));
 }
 
