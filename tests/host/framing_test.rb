@@ -52,6 +52,24 @@ class FramingTest < Minitest::Test
     assert_equal [[0.0, 0.0, 1.0], 35.0, false], [camera.up, camera.fov, camera.parallel]
   end
 
+  def elevation_and_azimuth(size)
+    points = [0, size[0]].product([0, size[1]], [0, size[2]]).flatten
+    root = box.merge(points: points)
+    camera = VelmarHost::Framing.camera(VelmarHost::Extent.new(model(root: root)), aspect: 1.0)
+    x, y, z = Transform.difference(camera.target, camera.eye)
+    [Math.atan2(-z, Math.hypot(x, y)), Math.atan2(-x, y)].map { |angle| (angle * 180 / Math::PI).round(6) }
+  end
+
+  def test_flat_things_are_seen_from_above_and_high_ones_near_eye_height
+    assert_equal [36.0, 35.0], elevation_and_azimuth([40, 30, 0])
+    assert_equal [25.0, 35.0], elevation_and_azimuth([40, 30, 12.5])
+    assert_equal [14.0, 35.0], elevation_and_azimuth([40, 30, 90])
+  end
+
+  def test_what_is_deeper_than_wide_shows_its_long_side
+    assert_equal [36.0, 55.0], elevation_and_azimuth([30, 40, 0])
+  end
+
   def test_only_what_is_visible_counts
     far = box[:points].each_slice(3).flat_map { |x, y, z| [x + 900, y, z] }
     hidden_face = { points: [0, 1, 2, 3, 4, 5, 6, 7, 0], uvs: [0] * 9, hidden: true }

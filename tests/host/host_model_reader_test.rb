@@ -99,10 +99,8 @@ class HostModelReaderTest < Minitest::Test
     "root.instances[0]: 'id' is missing" => { instances: [{ definition: 4 }] }
   }.freeze
 
-  MISTAKES.each do |message, root|
-    define_method("test_the_mistake_is_named: #{message}") do
-      assert_equal message, error_of(document(root: root))
-    end
+  def test_every_mistake_is_named_by_its_path
+    MISTAKES.each { |message, root| assert_equal message, error_of(document(root: root)) }
   end
 
   def test_a_transform_has_sixteen_numbers

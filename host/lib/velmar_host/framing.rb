@@ -8,28 +8,44 @@ module VelmarHost
   # that the model just fills the picture.
   module Framing
     FOV_DEGREES = 35.0
-    AZIMUTH_DEGREES = 35.0      # to the right of the front, which looks along -y
-    ELEVATION_DEGREES = 20.0
-    MARGIN = 1.08               # how much larger the picture is than what it shows
+    AZIMUTH_DEGREES = 35.0               # to the right of the front, which looks along -y
+    AZIMUTH_OF_DEEP_DEGREES = 55.0       # shows the long side of what is deeper than wide
+    DEEP = 1.25                          # depth / width from which on that is so
+    ELEVATIONS_DEGREES = (14.0..36.0)    # from high things, seen near eye height, to flat ones, seen from above
+    MARGIN = 1.08                        # how much larger the picture is than what it shows
     UP = [0.0, 0.0, 1.0].freeze
 
     module_function
 
     # `aspect` is width / height of the picture, `fov` vertical in degrees.
     def camera(extent, aspect:, fov: FOV_DEGREES)
-      forward = view_direction
+      forward = view_direction(extent)
       right = Transform.unit(Transform.cross(forward, UP))
       up = Transform.cross(right, forward)
-      half_height = Math.tan(fov * Math::PI / 360.0) / MARGIN
+      half_height = Math.tan(radians(fov / 2.0)) / MARGIN
       eye = fitted_eye(extent.points.each_slice(3).to_a, [right, up, forward], half_height * aspect, half_height)
       target = Transform.sum(eye, forward, sight_distance(extent, eye, forward))
       Camera.new(eye: eye, target: target, up: UP, fov: fov, parallel: false, height: nil)
     end
 
-    def view_direction
-      azimuth = AZIMUTH_DEGREES * Math::PI / 180.0
-      elevation = ELEVATION_DEGREES * Math::PI / 180.0
+    def view_direction(extent)
+      low, high = extent.corners
+      width, depth, height = Transform.difference(high, low)
+      azimuth = radians(depth > DEEP * width ? AZIMUTH_OF_DEEP_DEGREES : AZIMUTH_DEGREES)
+      elevation = radians(elevation_degrees(height, Math.hypot(width, depth)))
       [-Math.sin(azimuth) * Math.cos(elevation), Math.cos(azimuth) * Math.cos(elevation), -Math.sin(elevation)]
+    end
+
+    # Falls evenly as the height grows to half of the diagonal of the ground plan.
+    def elevation_degrees(height, diagonal)
+      lowest = ELEVATIONS_DEGREES.begin
+      highest = ELEVATIONS_DEGREES.end
+      slenderness = diagonal.zero? ? 1.0 : [height / (0.5 * diagonal), 1.0].min
+      highest + (lowest - highest) * slenderness
+    end
+
+    def radians(degrees)
+      degrees * Math::PI / 180.0
     end
 
     # The nearest eye from which all points lie within the pyramid of sight. A point p is inside its right plane when

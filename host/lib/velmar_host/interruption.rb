@@ -14,12 +14,15 @@ module VelmarHost
       @asked
     end
 
+    # What the signal does.
+    def ask
+      exit!(QUIT_STATUS) if @asked
+      @asked = true
+    end
+
     # Runs the block with the signal taken care of.
     def watch
-      previous = Signal.trap('INT') do
-        exit!(QUIT_STATUS) if @asked
-        @asked = true
-      end
+      previous = Signal.trap('INT') { ask }
       yield
     ensure
       Signal.trap('INT', previous || 'DEFAULT')
