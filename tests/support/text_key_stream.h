@@ -21,25 +21,23 @@ public:
     void AddVertex(float x, float y, float z) {
         last_vertex_ = PointFromHost(x, y, z);
         vertices_.push_back(last_vertex_);
-        const std::string key = PositionKey(last_vertex_);
-        if (vertices_map_.find(key) == vertices_map_.end()) {
-            mesh_vertices.push_back(last_vertex_);
-            vertices_map_[key] = static_cast<int>(mesh_vertices.size() - 1);
-        }
+        const auto next = static_cast<int>(mesh_vertices.size());
+        if (vertices_map_.try_emplace(PositionKey(last_vertex_), next).second) mesh_vertices.push_back(last_vertex_);
     }
 
     void AddNormal(float x, float y, float z, int surface_id) {
         const Vec3<float> normal = DirectionFromHost(x, y, z);
         auto surface = static_cast<unsigned>(surface_id);
-        std::string key = NormalKey(last_vertex_, surface);
-        if (normals_map_.find(key) == normals_map_.end()) {
-            Append(key, normal);
+        const auto next = static_cast<int>(normals.size());
+        const auto [entry, is_new] = normals_map_.try_emplace(NormalKey(last_vertex_, surface), next);
+        if (is_new) {
+            normals.push_back(normal);
         } else {
-            const Vec3<float> known = normals[static_cast<std::size_t>(normals_map_[key])];
+            const Vec3<float> known = normals[static_cast<std::size_t>(entry->second)];
             if (std::fabs(known.x * normal.x + known.y * normal.y + known.z * normal.z) <= 0.01f) {
                 surface += 100000;
-                key = NormalKey(last_vertex_, surface);
-                Append(key, normal);
+                normals.push_back(normal);
+                normals_map_[NormalKey(last_vertex_, surface)] = next;
             }
         }
         surface_ids_.push_back(surface);
@@ -64,10 +62,6 @@ public:
     std::size_t SurfaceCount() const { return surface_ids_.size(); }
 
 private:
-    void Append(const std::string& key, const Vec3<float>& normal) {
-        normals.push_back(normal);
-        normals_map_[key] = static_cast<int>(normals.size() - 1);
-    }
     static std::string TextOf(float coordinate) {
         char text[64];
         std::snprintf(text, sizeof text, "%f", static_cast<double>(coordinate));

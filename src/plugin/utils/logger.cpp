@@ -12,11 +12,20 @@ namespace {
 
 /// Whether this library has started the log and not yet ended it.
 bool started_here = false;
+/// How often it has started the log.
+int starts = 0;
 
 void startLog() {
     if (google::IsGoogleLoggingInitialized()) return;
     google::InitGoogleLogging("VelmarPlugin");
     started_here = true;
+    ++starts;
+}
+
+/// Start of the log file's name. The log puts the second and the process behind it and takes no name twice, so a log
+/// that is started again has a number of its own.
+std::string filePrefix(const std::string& logs) {
+    return logs + "/VelmarSketchup" + (starts > 1 ? "-" + std::to_string(starts) + "-" : "");
 }
 
 /// Makes the tree under `base` and answers the logs folder.
@@ -49,7 +58,7 @@ void Logger::Init() {
     std::string home = Strings::GetUserHome();
     Strings::CleanFilePath(home);
     const std::string logs = makeFolders(home + "/Documents/Velmar");
-    google::SetLogDestination(google::GLOG_INFO, (logs + "/VelmarSketchup").c_str());
+    google::SetLogDestination(google::GLOG_INFO, filePrefix(logs).c_str());
     if (started_here) keepToOneFile();
     google::FlushLogFiles(google::GLOG_ERROR);
     FLAGS_v = 0;

@@ -99,13 +99,16 @@ TEST_F(LoggerTest, SetsTheVerboseLevelToZero) {
 TEST_F(LoggerTest, StartsAndEndsAsOftenAsAsked) {
     Logger::Init();
     Logger::Init();
+    LOG(INFO) << "first life";
     EXPECT_TRUE(google::IsGoogleLoggingInitialized());
+    EXPECT_EQ(messageLogs().size(), 1U);
     Logger::Shutdown();
     Logger::Shutdown();
     EXPECT_FALSE(google::IsGoogleLoggingInitialized());
     Logger::Init();
     LOG(INFO) << "second life";
-    EXPECT_NE(messages().find("second life"), std::string::npos);
+    EXPECT_NE(messages().find("second life"), std::string::npos) << "within the same second";
+    EXPECT_EQ(messageLogs().size(), 2U);
 }
 
 TEST_F(LoggerTest, NeitherStartsNorEndsTheLogOfAnotherExtension) {
