@@ -23,10 +23,14 @@ struct MadeUpPin {
     NodePinType type;
     std::string name;
     ApiNodePinInfo info{};
+    ApiNode* node = nullptr;
 };
 
 /// What stands behind the node.
 struct ItemRecord {
+    std::string name;
+    NodeType type = NODE_UNKNOWN;
+    bool pin_owned = false;
     std::vector<MadeUpAttribute> attributes;
     std::vector<MadeUpPin> pins;
     /// One line for each write: id, values, and the flag that asks for evaluation.
