@@ -33,8 +33,8 @@ double equationOfTimeHours(double year_angle) {
 Vec3<float> sunDirection(const PlaceAndTime& when) {
     // Turn clock time into the angle that the sun has passed the south.
     const double utc_hours = static_cast<double>(when.hour) - when.gmt_offset_hours;
-    const double year_angle =
-        2.0 * std::numbers::pi * (dayOfYear(when.month, when.day) - 1 + (when.hour - 12.0) / 24.0) / 365.0;
+    const double days = dayOfYear(when.month, when.day) - 1 + (utc_hours - 12.0) / 24.0;
+    const double year_angle = 2.0 * std::numbers::pi * days / 365.0;
     const double solar_hours = utc_hours + when.longitude_degrees / 15.0 + equationOfTimeHours(year_angle);
     const double hour_angle = (solar_hours - 12.0) * 15.0 * radians_per_degree;
 

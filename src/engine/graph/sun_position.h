@@ -14,8 +14,8 @@ struct PlaceAndTime {
     float gmt_offset_hours = 0.0F;   ///< of the clock, east positive
 };
 
-/// Unit vector towards the sun, X east, Y up, Z south, for a year that is no leap year. Good to a few minutes of arc;
-/// refraction is left out. Straight up when the input is not finite.
+/// Unit vector towards the sun, X east, Y up, Z south. Good to about a third of a degree, as no year is given and leap
+/// days move the calendar that much; refraction is left out. Straight up when the input is not finite.
 Vec3<float> sunDirection(const PlaceAndTime& when);
 
 }  // namespace Velmar::Engine
