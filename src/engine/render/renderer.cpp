@@ -77,10 +77,10 @@ void Renderer::setDefaultMaxSamples(int samples) {
 
 void Renderer::setNiceness(int niceness) {
     if (niceness == niceness_) return;
-    niceness_ = niceness;
-    if (threads_.empty()) return;
+    const bool had_threads = !threads_.empty();
     joinThreads();
-    startThreads();
+    niceness_ = niceness;  // the threads read it, so not before they are gone
+    if (had_threads) startThreads();
 }
 
 void Renderer::restart() {
