@@ -24,6 +24,10 @@ endif()
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
 
 set(VELMAR_SANITIZE "" CACHE STRING "address (with undefined), thread, or empty")
+if(VELMAR_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # The sanitizers' code hides from this warning that the standard library's regular expressions are initialized.
+  add_compile_options(-Wno-maybe-uninitialized)
+endif()
 if(VELMAR_SANITIZE STREQUAL "address")
   add_compile_options(-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
   add_link_options(-fsanitize=address,undefined)
