@@ -68,14 +68,25 @@ VALUE waitResultValue(WaitResult result) {
     return symbol("nothing_to_render");
 }
 
-/// Other Ruby threads run meanwhile, and a signal ends the wait: its handler runs before this answers.
-VALUE waitFunction(VALUE, VALUE samples, VALUE seconds) {
+VALUE waitProtected(VALUE wait) {
+    rb_thread_call_without_gvl(waitWithoutInterpreter, reinterpret_cast<void*>(wait), interruptWait, nullptr);
+    return Qnil;
+}
+
+WORK VALUE waitFor(int samples, double seconds) {
     Wait wait;
-    wait.samples = NUM2INT(samples);
-    wait.seconds = NUM2DBL(seconds);
-    rb_thread_call_without_gvl(waitWithoutInterpreter, &wait, interruptWait, nullptr);
+    wait.samples = samples;
+    wait.seconds = seconds;
+    int tag = 0;
+    rb_protect(waitProtected, reinterpret_cast<VALUE>(&wait), &tag);
+    if (tag != 0) rb_jump_tag(tag);
     if (!wait.done) raise(wait.failure);
     return waitResultValue(wait.result);
+}
+
+/// Other Ruby threads run meanwhile, and a signal ends the wait: its handler runs before this answers.
+VALUE waitFunction(VALUE, VALUE samples, VALUE seconds) {
+    return waitFor(NUM2INT(samples), NUM2DBL(seconds));
 }
 
 VALUE interruptFunction(VALUE) {
@@ -83,19 +94,22 @@ VALUE interruptFunction(VALUE) {
     return Qnil;
 }
 
-/// Nil when the picture is saved, else the reason as a text.
-VALUE savePictureFunction(VALUE, VALUE path) {
-    const char* file = StringValueCStr(path);
+WORK VALUE savePictureAs(VALUE path) {
     Failure failure;
     bool saved = false;
     const bool tried = attempt(failure, [&] {
         std::string reason;
-        saved = EngineHost::savePicture(file, reason);
+        saved = EngineHost::savePicture(std::string(RSTRING_PTR(path), RSTRING_LEN(path)), reason);
         if (!saved) failure.because(reason);
     });
     if (!tried) raise(failure);
     RB_GC_GUARD(path);
     return saved ? Qnil : rb_utf8_str_new_cstr(failure.reason);
+}
+
+/// Nil when the picture is saved, else the reason as a text.
+VALUE savePictureFunction(VALUE, VALUE path) {
+    return savePictureAs(textArgument(path));
 }
 
 VALUE statisticsFunction(VALUE) {
@@ -126,11 +140,14 @@ VALUE resetStatisticsFunction(VALUE) {
     return Qnil;
 }
 
-VALUE setMaxSamplesFunction(VALUE, VALUE samples) {
-    const int count = NUM2INT(samples);
+WORK VALUE setMaxSamples(int samples) {
     Failure failure;
-    if (!attempt(failure, [&] { EngineHost::setMaxSamples(count); })) raise(failure);
-    return samples;
+    if (!attempt(failure, [&] { EngineHost::setMaxSamples(samples); })) raise(failure);
+    return Qnil;
+}
+
+VALUE setMaxSamplesFunction(VALUE, VALUE samples) {
+    return setMaxSamples(NUM2INT(samples));
 }
 
 VALUE pumpEventsFunction(VALUE) {

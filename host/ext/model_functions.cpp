@@ -30,7 +30,7 @@ VALUE packedValue(const std::vector<T>& list) {
 template <typename T>
 std::vector<T> unpacked(VALUE text) {
     std::vector<T> list(static_cast<std::size_t>(RSTRING_LEN(text)) / sizeof(T));
-    memcpy(list.data(), RSTRING_PTR(text), list.size() * sizeof(T));
+    if (!list.empty()) memcpy(list.data(), RSTRING_PTR(text), list.size() * sizeof(T));
     return list;
 }
 
@@ -85,11 +85,12 @@ VALUE sceneValue(VALUE address) {
     return hash;
 }
 
-VALUE readSceneFunction(VALUE, VALUE path) {
-    const char* file = StringValueCStr(path);
+WORK VALUE readSceneAt(VALUE path) {
     ImportedScene* scene = nullptr;
     Failure failure;
-    if (!attempt(failure, [&] { scene = new ImportedScene(readScene(file)); })) raise(failure);
+    if (!attempt(failure,
+                 [&] { scene = new ImportedScene(readScene(std::string(RSTRING_PTR(path), RSTRING_LEN(path)))); }))
+        raise(failure);
 
     int tag = 0;
     const VALUE result = rb_protect(sceneValue, reinterpret_cast<VALUE>(scene), &tag);
@@ -97,6 +98,10 @@ VALUE readSceneFunction(VALUE, VALUE path) {
     if (tag != 0) rb_jump_tag(tag);
     RB_GC_GUARD(path);
     return result;
+}
+
+VALUE readSceneFunction(VALUE, VALUE path) {
+    return readSceneAt(textArgument(path));
 }
 
 /// A list of numbers that a function has made, to be handed to Ruby as a packed string.
@@ -111,9 +116,7 @@ VALUE handOver(std::vector<T>* list) {
     return result;
 }
 
-VALUE surfaceNumbersFunction(VALUE, VALUE points, VALUE normals) {
-    StringValue(points);
-    StringValue(normals);
+WORK VALUE surfaceNumbersOf(VALUE points, VALUE normals) {
     std::vector<std::int32_t>* numbers = nullptr;
     Failure failure;
     if (!attempt(failure, [&] {
@@ -123,13 +126,23 @@ VALUE surfaceNumbersFunction(VALUE, VALUE points, VALUE normals) {
     return handOver(numbers);
 }
 
-VALUE outermostPointsFunction(VALUE, VALUE points) {
-    StringValue(points);
+VALUE surfaceNumbersFunction(VALUE, VALUE points, VALUE normals) {
+    Check_Type(points, T_STRING);
+    Check_Type(normals, T_STRING);
+    return surfaceNumbersOf(points, normals);
+}
+
+WORK VALUE outermostPointsOf(VALUE points) {
     std::vector<double>* outermost = nullptr;
     Failure failure;
     if (!attempt(failure, [&] { outermost = new std::vector<double>(outermostPoints(unpacked<double>(points))); }))
         raise(failure);
     return handOver(outermost);
+}
+
+VALUE outermostPointsFunction(VALUE, VALUE points) {
+    Check_Type(points, T_STRING);
+    return outermostPointsOf(points);
 }
 
 }  // namespace

@@ -1,13 +1,18 @@
 // The groups of native functions that the Ruby half of the host finds in VelmarHost::Native. A Ruby exception leaves a
 // frame without running destructors and a C++ exception must never reach Ruby, so every function here is built the same
-// way: read the arguments while nothing with a destructor lives, do the work inside attempt(), then answer or raise.
+// way: an outer function checks the arguments, which may raise, and holds nothing; the WORK function that it calls does
+// the work inside attempt() and then answers or raises.
 #pragma once
 
+#include <cstring>
 #include <exception>
 #include <new>
 #include <string_view>
 
 #include <ruby.h>
+
+/// A function of its own frame, which only raise() and rb_jump_tag() leave by a jump.
+#define WORK __attribute__((noinline))
 
 namespace Velmar::Host {
 
@@ -15,6 +20,14 @@ namespace Velmar::Host {
 void defineModelFunctions(VALUE native);
 /// Adds progress, wait, interrupt, save_picture, statistics, reset_statistics, max_samples= and pump_events.
 void defineEngineFunctions(VALUE native);
+
+/// `value` as it is when it is a text without zero bytes; raises TypeError or ArgumentError when not.
+inline VALUE textArgument(VALUE value) {
+    Check_Type(value, T_STRING);
+    if (memchr(RSTRING_PTR(value), 0, RSTRING_LEN(value)) != nullptr)
+        rb_raise(rb_eArgError, "string contains null byte");
+    return value;
+}
 
 /// Why a piece of work failed; a plain record, so that it may be jumped over.
 struct Failure {

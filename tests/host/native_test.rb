@@ -59,6 +59,18 @@ class NativeTest < Minitest::Test
     assert_raises(ArgumentError) { Native.outermost_points }
   end
 
+  def test_what_is_read_survives_a_collection_at_every_chance
+    path = write('m.obj', "o Name\nv 0 0 0\nv 1 0 0\nv 0 1 0\nvt 0 0\nusemtl a\nf 1/1 2/1 3/1\n")
+    calm = Native.read_scene(path)
+    GC.stress = true
+    stressed = Native.read_scene(path)
+    GC.stress = false
+    assert_equal calm, stressed
+    assert_equal 'Name', calm[:meshes].first[:name]
+  ensure
+    GC.stress = false
+  end
+
   def test_a_file_that_cannot_be_read_raises_one_line
     path = write('broken.dae', '<COLLADA><library')
     message = assert_raises(RuntimeError) { Native.read_scene(path) }.message
