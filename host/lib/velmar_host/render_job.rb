@@ -49,14 +49,20 @@ module VelmarHost
       CameraFacing.new(camera.eye).turn(model.root)
       streamer = Streamer.new(model, ext: @ext, progress: ->(done) { @report.at(done) },
                                      stopped: -> { @interruption.asked? })
-      @report.say "Streaming #{count(model.definitions.size, 'component')}, " \
-                  "#{count(model.placed_triangles, 'triangle')} in all placements"
+      @report.say "Streaming #{contents(model)}"
       @report.start('Streaming', streamer.total)
       streamer.stream
       @report.finish
       ViewSender.new(ext: @ext).show(camera, width: @order.width, height: @order.height, samples: @order.samples)
       @engine.max_samples = @order.samples
       streamer.apply
+    end
+
+    def contents(model)
+      triangles = count(model.placed_triangles, 'triangle')
+      return triangles if model.definitions.empty?
+
+      "#{count(model.definitions.size, 'component')}, #{triangles} in all placements"
     end
 
     # The command line's wishes win over the model's page, and the page over the framing.
