@@ -126,6 +126,11 @@ class ViewCommandsOfAStoppedEngineTest < Minitest::Test
     outcome
   end
 
+  def test_the_first_camera_looks_from_50_metres_away
+    views = outcome_of("").operations.filter_map { |line| $1 if line =~ /\AsetPinValue \S+ .*(?:133|235|248) (\(.*\)) true\z/ }
+    assert_equal ["(0,0,-50)", "(0,0,0)", "(0,1,0)"], views
+  end
+
   def test_a_stopped_engine_counts_as_blocked
     assert_equal "true\n", outcome_of("p VelmarExt.block_updates?").out
   end

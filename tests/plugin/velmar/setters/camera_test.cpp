@@ -257,6 +257,21 @@ TEST_F(CameraTest, DefaultsComeBackFromAnyState) {
     EXPECT_EQ(Camera()->getPinFloat(PIN_FOV_Y), 60.0f);
 }
 
+TEST_F(CameraTest, DefaultsReachAPanoramicCameraThatComesWithItsRenderTarget) {
+    Json::Value message = Panoramic();
+    message["fovx"] = 120.0;
+    message["fovy"] = 80.0;
+    Apply(message);
+    CameraSetter::SetDefaults();
+    ApiNode* const camera = ApiNode::create(NODE_PANORAMIC_CAMERA, ApiProjectManager::rootNodeGraph(), true);
+    camera->setPinValue(PIN_FOV_X, 11.0f, true);
+    camera->setPinValue(PIN_FOV_Y, 12.0f, true);
+    CameraSetter::SetNode(camera);
+    CameraSetter::SetView(1.0f, false);
+    EXPECT_EQ(camera->getPinFloat(PIN_FOV_X), 35.0f);
+    EXPECT_EQ(camera->getPinFloat(PIN_FOV_Y), 60.0f);
+}
+
 TEST_F(CameraTest, SetNodeOnlyNotesThePointer) {
     EXPECT_EQ(Steps([] { CameraSetter::SetNode(nullptr); }), Lines{});
     EXPECT_FALSE(CameraSetter::SetPosition({0, 0, 0}, {1, 0, 0}, {0, 1, 0}));
@@ -322,6 +337,9 @@ TEST_F(CameraTest, AMessageThatFailsLeavesNoHalfWrittenCamera) {
     Apply(Panoramic());
     CameraSetter::SetView(1.0f, false);
     EXPECT_EQ(Camera()->getPinFloat(PIN_FOV_X), 35.0f);
+
+    EXPECT_EQ(Steps([&] { EXPECT_THROW(Apply(wrong_kind), Json::LogicError); }), Lines{});
+    EXPECT_EQ(Camera()->type(), NODE_PANORAMIC_CAMERA);
 }
 
 TEST_F(CameraTest, WithoutARenderTargetAMessageIsRememberedAndWrittenNowhere) {
@@ -505,8 +523,7 @@ TEST_F(CameraTest, RayEpsilonGrowsWithDistanceAndFieldOfView) {
     EXPECT_FLOAT_EQ(CameraSetter::GetRayEpsilon(Target()), 1000.0f * std::sqrt(3.1415927f) * 1e-6f);
 }
 
-TEST_F(CameraTest, RayEpsilonOfAnotherCameraTakesARightAngle) {
-    // a camera that is neither of the two has no position: the distance is nought, the answer the least epsilon
+TEST_F(CameraTest, WithoutCameraThereIsNoRayEpsilon) {
     ApiNode* const target = ApiNode::create(NODE_RENDER_TARGET, ApiProjectManager::rootNodeGraph(), true);
     target->connectTo(PIN_CAMERA, nullptr, true, false);
     EXPECT_EQ(CameraSetter::GetRayEpsilon(target), -1.0f);

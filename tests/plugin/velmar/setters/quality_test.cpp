@@ -52,6 +52,12 @@ TEST_F(QualityTest, InitLeavesTheSamplesOfAKernelAlone) {
     EXPECT_EQ(Count(Steps([] { QualitySetter::Init(); }), "setPinValue 108"), 0u);
 }
 
+TEST_F(QualityTest, InitForgetsTheNumberOfSamples) {
+    Apply(With(Quality(1000, 600), "maxSamples", 250));
+    QualitySetter::Init();
+    EXPECT_EQ(Steps([] { Apply(With(Quality(1000, 600), "maxSamples", 16000)); }), Lines{});
+}
+
 TEST_F(QualityTest, AMessageThatSaysWhatStandsCallsNothing) {
     EXPECT_EQ(Steps([] { Apply(Quality(1000, 600)); }), Lines{});
     EXPECT_EQ(Steps([] { Apply(Quality(1024, 700)); }), Lines{}) << "capped to what stands";
