@@ -62,8 +62,7 @@ private:
     void readGeometricNormal() {
         const Float3 edge_1 = model_vertices_[1] - model_vertices_[0];
         const Float3 edge_2 = model_vertices_[2] - model_vertices_[0];
-        const Float3 model_normal = normalised(cross(edge_1, edge_2));
-        Float3 normal = normalised(transformNormal(*placement_.world_from_model, model_normal));
+        const Float3 normal = normalised(transformNormal(*placement_.world_from_model, cross(edge_1, edge_2)));
         surface_.geometric_normal = dot(normal, ray_.direction) > 0.0f ? -normal : normal;
         surface_.shading_normal = surface_.geometric_normal;
     }

@@ -76,8 +76,11 @@ inline bool isFinite(const Affine& a) {
     return true;
 }
 
-/// `a` at length 1. Scales first, so that no length overflows or vanishes; zero when `a` is zero or not finite.
+/// `a` at length 1; zero when `a` is zero or not finite.
 inline Float3 normalised(Float3 a) {
+    const float squared = dot(a, a);
+    if (squared > 1e-30f && squared < 1e30f) return a * (1.0f / std::sqrt(squared));
+    // The square has left the range of single precision, so bring the vector to size first.
     const float scale = largest(absolute(a));
     if (!(scale > 0.0f) || !isFinite(a)) return {};
     const Float3 scaled = {a.x / scale, a.y / scale, a.z / scale};

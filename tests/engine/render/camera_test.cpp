@@ -163,6 +163,23 @@ TEST(Camera, MakesPicturesThatAreUprightAndNotMirrored) {
     EXPECT_NEAR(middle.y, 40 - 1.0f * pixels_per_metre, 0.7f);
 }
 
+TEST(Camera, AutofocusFindsWhatStandsInTheMiddle) {
+    // A box whose front stands 7 m before the camera, its edges in the picture.
+    SceneMaker maker;
+    maker.add(box({1, 1, 2}));
+    CameraSettings camera;
+    camera.position = {0, 0, 8};
+    camera.fov_degrees = 20.0f;
+    camera.aperture_radius = 0.3f;
+    camera.focal_depth = 1.0f;
+    camera.autofocus = true;
+    const LinearPicture found = renderAll(maker.make({60, 40}, camera), {}, 4);
+    camera.autofocus = false;
+    EXPECT_NE(found.pixels, renderAll(maker.make({60, 40}, camera), {}, 4).pixels);
+    camera.focal_depth = 7.0f;
+    EXPECT_EQ(found.pixels, renderAll(maker.make({60, 40}, camera), {}, 4).pixels);
+}
+
 TEST(Frame, PutsTheWholeBoundsIntoThePicture) {
     const Bounds bounds{{-3, 10, 2}, {40, 12, 5}};
     for (FilmSize film : {FilmSize{400, 200}, FilmSize{100, 300}}) {
