@@ -20,7 +20,8 @@ struct ElementCount {
 /// One operation as text. Each argument goes behind a blank:
 /// items as type name, colon and name ("null", "destroyed"); booleans as true and false; floats in shortest form;
 /// vectors as (x,y,z); matrices as ((row),(row),(row)); texts in quotes with \" \\ \n \r \t escaped; arrays as their
-/// count in brackets; node types by name; pins, attributes and other numbers as they are.
+/// count in brackets; node types by name; pins, attributes and other numbers as they are. An observer has no name:
+/// stopObserving "observer" ends the observation of one, stopObserving alone that of all.
 class OperationLine {
 public:
     explicit OperationLine(const char* operation);

@@ -111,6 +111,7 @@ struct GraphRecord : ItemRecord {
     ItemRecord* last = nullptr;
     Vec2<float> view_offset;  ///< where the origin of the graph stands in its view
     unsigned version = 0;     ///< of a root graph: the scene version that it is written for
+    std::string text;         ///< of a root graph: what it was last written as
 
 private:
     static GraphRecord* asGraph(ItemRecord* record) {
