@@ -117,6 +117,16 @@ class RenderTest < Minitest::Test
     assert_equal ["velmar: warning: texture not found: lost.png\n", 0], [complaint, process.exitstatus]
   end
 
+  def test_an_unreadable_texture_fails_and_the_picture_comes_all_the_same
+    empty = write('empty.png', '')
+    write('m.mtl', "newmtl a\nmap_Kd empty.png\n")
+    model = write('m.obj', "mtllib m.mtl\nusemtl a\nv 0 0 0\nv 1 0 0\nv 0 1 0\nvt 0 0\nf 1/1 2/1 3/1\n")
+    _, complaint, process = run_command(model, '-o', 'w.png', '--size', '32x32', '--samples', 1)
+    assert_equal ["velmar: texture cannot be read: #{empty}; the picture was saved without it\n", 1],
+                 [complaint, process.exitstatus]
+    assert_operator File.size(File.join(@folder, 'w.png')), :>, 0
+  end
+
   # Starts the command, calls the block with each line that it prints, and answers its status and complaints.
   def run_and_watch(*arguments)
     environment = { 'HOME' => @folder, 'VELMAR_LIB_DIR' => LIBRARIES }

@@ -42,7 +42,8 @@ module VelmarHost
       fill(root, @document['root'])
       refuse_cycles
       @textures.report
-      Model.new(root: root, materials: @materials.values, layers: layers, pages: pages)
+      Model.new(root: root, materials: @materials.values, layers: layers, pages: pages,
+                unreadable_textures: @textures.unreadable)
     end
 
     private

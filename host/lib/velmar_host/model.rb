@@ -46,9 +46,10 @@ module VelmarHost
   # What a model file holds, in inches with Z up, whatever the format. Its objects are told apart by identity: the ids of
   # a file end with its reader.
   class Model
-    attr_reader :materials, :layers, :pages, :root
+    attr_reader :materials, :layers, :pages, :root, :unreadable_textures
 
-    def initialize(root:, materials: [], layers: [], pages: [])
+    def initialize(root:, materials: [], layers: [], pages: [], unreadable_textures: [])
+      @unreadable_textures = unreadable_textures
       @root = root
       @materials = materials
       @layers = layers

@@ -32,6 +32,7 @@ module VelmarHost
       stream(model)
       sample
       save
+      refuse_unreadable_textures(model)
     end
 
     private
@@ -118,6 +119,15 @@ module VelmarHost
       @report.say format('Saved %<file>s: %<width>dx%<height>d, %<samples>s in %<seconds>.1f s',
                          file: @order.output, width: progress[:width], height: progress[:height],
                          samples: count(progress[:samples], 'sample'), seconds: progress[:seconds])
+    end
+
+    # The picture stays: it lacks only what the files do not give.
+    def refuse_unreadable_textures(model)
+      first, *others = model.unreadable_textures
+      return unless first
+
+      more = others.empty? ? '' : " and #{others.size} more"
+      raise Error, "texture cannot be read: #{first}#{more}; the picture was saved without it"
     end
 
     def count(number, thing)

@@ -28,7 +28,7 @@ module VelmarHost
                                    build_mesh: ->(numbers) { build_mesh(numbers) })
       root = finder.root_definition(@scene[:root])
       @textures.report
-      Model.new(root: root, materials: @materials)
+      Model.new(root: root, materials: @materials, unreadable_textures: @textures.unreadable)
     end
 
     private

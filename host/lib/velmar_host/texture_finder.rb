@@ -8,11 +8,15 @@ module VelmarHost
     PLACES = ['.', 'textures', 'images', 'materials/textures', '..', '../textures', '../images',
               '../materials/textures'].freeze
 
+    # Files that are there and cannot be read, or hold nothing.
+    attr_reader :unreadable
+
     # `warn` is called with one line at most.
     def initialize(folder, warn)
       @folder = folder
       @warn = warn
       @missing = []
+      @unreadable = []
     end
 
     # The path of an existing file; nil when there is none, or when the model has the texture inside ("*0").
@@ -22,7 +26,9 @@ module VelmarHost
       clean = name.tr('\\', '/').delete_prefix('file://')
       candidates = [File.expand_path(clean, @folder)] +
                    PLACES.map { |place| File.expand_path(File.join(place, File.basename(clean)), @folder) }
-      candidates.find { |path| File.file?(path) } || miss(name)
+      found = candidates.find { |path| File.file?(path) } || miss(name)
+      @unreadable |= [found] if found && !readable?(found)
+      found
     rescue ArgumentError
       miss(name)
     end
@@ -35,6 +41,12 @@ module VelmarHost
     end
 
     private
+
+    def readable?(path)
+      File.open(path, 'rb') { |file| !file.read(1).nil? }
+    rescue SystemCallError
+      false
+    end
 
     def miss(name)
       @missing |= [name.inspect[1..-2]]
