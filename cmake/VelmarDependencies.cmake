@@ -9,6 +9,8 @@ find_package(TBB REQUIRED)
 find_package(glog REQUIRED)
 find_package(assimp REQUIRED)
 pkg_check_modules(JSONCPP REQUIRED IMPORTED_TARGET jsoncpp)
+pkg_check_modules(PUGIXML REQUIRED IMPORTED_TARGET pugixml)
+pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip)
 find_package(Ruby 2.2 REQUIRED)
 
 # The interpreter's headers. A module of it leaves the interpreter's own functions to the process that loads it; a
