@@ -21,6 +21,8 @@ inline constexpr NodeType NODE_STRING = NodeType{1007};
 inline constexpr NodeType NODE_SUN_DIRECTION = NodeType{1008};
 /// The settings of the project; stands in no graph.
 inline constexpr NodeType NODE_PROJECT_SETTINGS = NodeType{1009};
+/// Stands for a node of a type that this engine does not know, so that a scene keeps it.
+inline constexpr NodeType NODE_STAND_IN = NodeType{1900};
 
 // Link types beside NODE_LINK_FIRST and NODE_LINK_MATERIAL.
 inline constexpr NodeType NODE_LINK_TEXTURE = NodeType{30008};

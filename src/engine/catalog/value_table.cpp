@@ -37,6 +37,11 @@ constexpr PinRow texture_link_pins[] = {nodePin(PIN_TEXTURE, PIN_TYPE_TEXTURE, "
 
 constexpr AttributeRow project_attributes[] = {boolAttribute(ATTR_PROJECT_FLAG, false)};
 
+constexpr AttributeRow stand_in_attributes[] = {
+    attribute(ATTR_VALUE, ATTR_TYPE_STRING, "The node's element of the scene text"),
+    intAttribute(ATTR_PIN_COUNT, 0, "Number of connections that the element names"),
+};
+
 constexpr NodeTypeRow valueRow(NodeType type, NodePinType output, const char* type_name, const char* name,
                                std::span<const AttributeRow> attributes) {
     return {.type = type,
@@ -87,6 +92,14 @@ constexpr NodeTypeRow rows[] = {
      .default_name = "Project settings",
      .description = "Settings of the project",
      .attributes = project_attributes},
+    {.type = NODE_STAND_IN,
+     .output = PIN_TYPE_UNKNOWN,
+     .type_name = "VELMAR_STANDIN",
+     .default_name = "Stand-in",
+     .description = "Keeps a node of a type that is not known; renders as nothing",
+     .attributes = stand_in_attributes,
+     .dynamic_pins = DynamicPins::CountedByAttribute,
+     .dynamic_pin = nodePin(PIN_UNKNOWN, PIN_TYPE_UNKNOWN, "Input")},
     linkRow(NODE_LINK_FIRST, PIN_TYPE_GEOMETRY, "VELMAR_GEOMETRYLINK", "Geometry link", geometry_link_pins),
     linkRow(NODE_LINK_MATERIAL, PIN_TYPE_MATERIAL, "VELMAR_MATERIALLINK", "Material link", material_link_pins),
     linkRow(NODE_LINK_TEXTURE, PIN_TYPE_TEXTURE, "VELMAR_TEXTURELINK", "Texture link", texture_link_pins),
