@@ -177,6 +177,15 @@ class BrokenRulesTest < Minitest::Test
                  borders.ruby_stays_at_the_edge
   end
 
+  def test_ruby_that_comes_in_by_way_of_another_header_is_found
+    plant("src/plugin/ruby/b.h", "#include <ruby.h>\n")
+    plant("src/plugin/ruby/plain.h", "")
+    plant("src/plugin/utils/c.h", %(#include "plugin/ruby/b.h"\n#include "plugin/utils/c.h"\n))
+    plant("src/plugin/sketchup/a.cpp", %(#include "plugin/utils/c.h"\n#include "plugin/ruby/plain.h"\n))
+    assert_equal ["src/plugin/sketchup/a.cpp:1 includes plugin/utils/c.h", "src/plugin/utils/c.h:1 includes plugin/ruby/b.h"],
+                 borders.ruby_stays_at_the_edge.uniq - ["src/plugin/utils/c.h:2 includes plugin/utils/c.h"]
+  end
+
   def test_a_host_that_reaches_inside_is_found
     plant("host/ext/a.cpp", %(#include "plugin/utils/b.h"\n#include "engine/graph/c.h"\n) +
                             %(#include "engine/host/engine_host.h"\n#include <ruby.h>\n))
