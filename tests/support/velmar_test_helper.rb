@@ -77,9 +77,8 @@ module VelmarTest
   end
 
   # Runs Ruby code in a process of its own, with a fresh home folder and the operation log on. `load_plugin(18)` loads a
-  # module file there. Answers an Outcome; its files live as long as the block, when one is given.
-  def run_process(code, seconds: 60)
-    home = Dir.mktmpdir("process-", HOME)
+  # module file there.
+  def run_process(code, seconds: 60, home: Dir.mktmpdir("process-", HOME))
     environment = { "HOME" => home, "VELMAR_OPERATION_LOG" => File.join(home, "operations") }
     program = "#{PRELUDE}\n#{code}"
     out, err, status = Open3.capture3(environment, "timeout", "-s", "KILL", seconds.to_s,

@@ -33,6 +33,14 @@ class LogTest < VelmarTest::PluginTest
     assert_equal "gr\u00fcn \xff".b, debug_lines.last.b[-"gr\u00fcn \xff".bytesize..]
   end
 
+  def test_processes_of_one_user_tell_themselves_apart
+    home = Dir.mktmpdir("shared-", VelmarTest::HOME)
+    2.times { VelmarTest.run_process("load_plugin(18); VelmarExt.debug('who')", home: home) }
+    lines = File.readlines(File.join(home, "Documents/Velmar/SketchUp/logs/debug-log.txt"))
+    assert_equal 2, lines.size
+    refute_equal lines[0][0, 9], lines[1][0, 9]
+  end
+
   def test_only_levels_below_zero_reach_the_log
     assert_same true, VelmarExt.log("below", -1)
     assert_same true, VelmarExt.log("far below", -2**31)
