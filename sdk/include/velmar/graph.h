@@ -32,7 +32,8 @@ public:
 
     /// Moves the view so that the middle of the items' places stands at `offset`, in view units. No item moves.
     void recenter(Vec2<float> offset);
-    /// Lays the graph out as a tree without overlaps; `recurse` does so in graphs inside it too.
+    /// Lays the graph's items out as a tree without overlaps, users below what they use, from the origin on; `recurse`
+    /// does so in graphs inside it too. Nothing but their places changes.
     void unfold(bool recurse);
     /// Dissolves this graph in its owner and replaces the contents of `items`, unless that is null, by what came out;
     /// `recurse` dissolves the graphs inside it too. Items keep the places at which they were seen. A root graph stays as
@@ -58,13 +59,20 @@ public:
     static ApiRootNodeGraph* create(unsigned version);
 
     /// The graph as scene text, never null, empty on failure; valid until the next call on the graph. `path` is the
-    /// file beside which relative asset names stand, or null; `with_assets` keeps the names of asset files.
+    /// file that the text will stand in, or null: names of asset files under its folder are written relative to it.
+    /// Without `with_assets` the names of asset files are left out. Connections to nodes outside the graph are not part
+    /// of the text. A graph of a newer version than the library's is not written.
     const char* exportToString(const char* path, bool with_assets);
-    /// Reads scene text of `size` bytes into the graph. `path` is as above, `version_out` receives the text's version.
-    /// False, and an unchanged graph, when the text is no scene text.
+    /// Reads scene text of `size` bytes into the graph, behind what stands there. Names of asset files go through
+    /// `resolver`; a relative name that it does not know is put behind the folder of `path`, when there is one.
+    /// `version_out` receives the text's version, also when it is newer than the library's and therefore refused.
+    /// Nodes of types that the library does not know are kept as stand-ins. False, a line in the log, and an unchanged
+    /// graph, when the text is refused.
     bool import(const char* text, std::size_t size, const char* path, unsigned& version_out, AssetResolver resolver,
                 void* user);
-    /// Reads a scene file or a scene package into the graph.
+    /// Reads a scene file or a scene package, told apart by what they hold, into the graph. Relative names of asset
+    /// files stand under the folder of the file; those of a package under the folder that it is unpacked to, which
+    /// lasts as long as the process.
     bool import(const char* path, unsigned& version_out, AssetResolver resolver, void* user);
 
 protected:

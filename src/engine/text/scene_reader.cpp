@@ -171,7 +171,7 @@ private:
     static unsigned numberIn(pugi::xml_node element, const char* name) {
         unsigned number = 0;
         const pugi::xml_attribute attribute = element.attribute(name);
-        if (!attribute) refuse(element, "a " + std::string(element.name()) + " without " + name);
+        if (!attribute) refuse(element, "an element " + quoted(element.name()) + " without " + name);
         if (!readNumber(attribute.value(), number)) refuse(element, std::string(name) + " is no number");
         return number;
     }
