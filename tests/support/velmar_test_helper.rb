@@ -13,7 +13,7 @@ require "tmpdir"
 
 module VelmarPlugin
   # What the plug-in tells the script layer, in order.
-  CALLS = [] # rubocop:disable Style/MutableConstant
+  CALLS = []
 
   class Settings
     def self.update_environment(settings)
