@@ -5,8 +5,9 @@
 namespace Velmar::Engine {
 
 namespace {
-// From this bounce on a path goes on by chance, in the measure of what it carries.
-constexpr int kFirstRouletteBounce = 3;
+// From this bounce on a path goes on by chance, in the measure of what it carries. Chance any earlier saves less time
+// than its noise costs.
+constexpr int kFirstRouletteBounce = 5;
 // Pairs drawn at each bounce: sun, direction, survival.
 constexpr std::uint32_t kPairsPerBounce = 3;
 }  // namespace

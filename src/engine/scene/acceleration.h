@@ -32,6 +32,8 @@ public:
     AccelerationDevice& operator=(const AccelerationDevice&) = delete;
 
     RTCDevice get() const { return device_; }
+    /// Throws std::bad_alloc when memory has run out since the last call.
+    void throwIfMemoryRanOut() const;
 
 private:
     RTCDevice device_;

@@ -11,6 +11,7 @@ std::shared_ptr<const RenderGeometry> RenderGeometry::build(const AccelerationDe
     for (const auto& list : geometry->lists_)
         if (list->mesh->accelerationStructure() != nullptr) geometry->addInstances(device, *list);
     rtcCommitScene(geometry->scene_.get());
+    device.throwIfMemoryRanOut();
     return geometry;
 }
 

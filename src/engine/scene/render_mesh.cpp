@@ -113,6 +113,7 @@ private:
         rtcSetSceneFlags(mesh_->scene_.get(), RTC_SCENE_FLAG_ROBUST);
         rtcAttachGeometry(mesh_->scene_.get(), geometry.get());
         rtcCommitScene(mesh_->scene_.get());
+        device.throwIfMemoryRanOut();
     }
 
     const MeshSource& source_;

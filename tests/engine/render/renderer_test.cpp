@@ -149,6 +149,24 @@ TEST(Renderer, HasNoPictureWithoutASceneOrWithAFilmOfNoSize) {
     EXPECT_FALSE(renderer.develop());
 }
 
+TEST(Renderer, FramesASceneThatHasNoCamera) {
+    SceneMaker maker;
+    maker.add(sphere(3.0f, 24, true), {translation({100, -20, 50})});
+    RenderSettings settings;
+    settings.lighting = evenDome(0.0f);
+    settings.lighting.sun_direction = {-0.5f, 0.5f, 1.0f};
+    settings.lighting.sun_irradiance = {3, 3, 3};
+    const LinearPicture picture = renderAll(maker.make(kFilm), settings, 4);
+    const auto lit = [&](int x, int y) { return picture.pixels[static_cast<std::size_t>(y * 64 + x)].x > 0.01f; };
+    EXPECT_TRUE(lit(32, 20));
+    EXPECT_FALSE(lit(0, 0));
+    EXPECT_FALSE(lit(63, 39));
+    int count = 0;
+    for (int y = 0; y < 40; ++y) count += lit(32, y) ? 1 : 0;
+    EXPECT_GE(count, 20) << "it fills most of the height that its bounds fill";
+    EXPECT_LT(count, 40) << "and no more than the height";
+}
+
 TEST(Renderer, WaitEndsAtItsTimeLimitAndWhenInterrupted) {
     Renderer renderer(2);
     renderer.setScene(ballScene());
