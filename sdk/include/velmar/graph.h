@@ -36,8 +36,8 @@ public:
     /// does so in graphs inside it too. Nothing but their places changes.
     void unfold(bool recurse);
     /// Dissolves this graph in its owner and replaces the contents of `items`, unless that is null, by what came out;
-    /// `recurse` dissolves the graphs inside it too. Items keep the places at which they were seen. A root graph stays as
-    /// it is.
+    /// `recurse` dissolves the graphs inside it too. Items keep the places at which they were seen. A root graph stays
+    /// as it is.
     void ungroup(bool recurse, ApiItemArray* items);
 
 protected:

@@ -92,8 +92,8 @@ public:
     void setPinValue(PinId id, const Matrix<float>& value, bool evaluate);
 
     /// Copies `item` and what it depends on into the pin, as an internal node; a graph counts with its first node. Free
-    /// nodes among what it depends on are copied into the graph of this node. `evaluate` makes the change take effect at
-    /// once. Null items and those of another kind than the pin's change nothing.
+    /// nodes among what it depends on are copied into the graph of this node. `evaluate` makes the change take effect
+    /// at once. Null items and those of another kind than the pin's change nothing.
     void copyFromIx(unsigned index, const ApiItem* item, bool evaluate);
     /// Gives the node's empty pins their default nodes.
     void configureEmptyPins();
