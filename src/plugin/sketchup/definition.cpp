@@ -4,6 +4,7 @@
 #include "plugin/nodes/node_utils.h"
 #include "plugin/proxies/proxy.h"
 #include "plugin/proxies/proxy_manager.h"
+#include "plugin/sketchup/entity_table.h"
 #include "plugin/sketchup/mesh_material_map.h"
 #include "plugin/sketchup/su_manager.h"
 
@@ -25,7 +26,7 @@ void Definition::ClearGeometry() {
     faces.clear();
     material_slots.clear();
     mesh_maps.clear();
-    placement_evaluation_ = 0;
+    placement_walk_ = 0;
 }
 
 void Definition::ClearMatrices() {
@@ -39,13 +40,24 @@ void Definition::AddInstance(const Float4x4& world_from_definition, int material
     if (map != nullptr) map->AddMatrix(world_from_definition);
 }
 
-MeshMaterialMap* Definition::PlacementMap(int material_id, std::uint64_t evaluation) {
-    if (placement_evaluation_ != evaluation || placement_material_id_ != material_id) {
-        placement_map_ = FindOrMakeMap(material_id);
-        placement_evaluation_ = evaluation;
-        placement_material_id_ = material_id;
-    }
+MeshMaterialMap* Definition::FindPlacementMap(int material_id, std::uint64_t walk) {
+    placement_map_ = FindOrMakeMap(material_id);
+    placement_walk_ = walk;
+    placement_material_id_ = material_id;
     return placement_map_;
+}
+
+const std::vector<Instance*>& Definition::ChildInstances(const EntityTable& entities) {
+    if (found_version_ == entities.Version() && found_ids_ == child_ids) return child_instances_;
+    found_version_ = 0;
+    ++child_changes_;
+    child_instances_.clear();
+    for (const int child_id : child_ids) {
+        if (Instance* const child = entities.FindInstance(child_id)) child_instances_.push_back(child);
+    }
+    found_ids_ = child_ids;
+    found_version_ = entities.Version();
+    return child_instances_;
 }
 
 MeshMaterialMap* Definition::FindOrMakeMap(int material_id) {

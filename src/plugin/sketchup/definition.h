@@ -13,12 +13,15 @@
 #include <string>
 #include <vector>
 
+#include "plugin/sketchup/child_plan.h"
 #include "plugin/sketchup/entity.h"
 #include "plugin/sketchup/float4x4.h"
 #include "plugin/sketchup/geometry_stream.h"
 
 namespace Velmar {
 
+class EntityTable;
+class Instance;
 class MeshMaterialMap;
 class Proxy;
 class SuMaterial;
@@ -72,15 +75,25 @@ public:
     /// Places the mesh once more: host axes, metres. Does nothing for a definition that only has children.
     void AddInstance(const Float4x4& world_from_definition, int material_id);
     /// The map of an inherited material, ready to take placements; null for a definition that only has children. Within
-    /// one evaluation, which has a number of its own, repeated calls are cheap.
-    MeshMaterialMap* PlacementMap(int material_id, std::uint64_t evaluation);
+    /// one walk, which has a number of its own, repeated calls are cheap.
+    MeshMaterialMap* PlacementMap(int material_id, std::uint64_t walk) {
+        const bool known = placement_walk_ == walk && placement_material_id_ == material_id;
+        return known ? placement_map_ : FindPlacementMap(material_id, walk);
+    }
+    /// The instances among the children, in order. Valid until the table or the children change.
+    const std::vector<Instance*>& ChildInstances(const EntityTable& entities);
+    /// How often any definition's ChildInstances had to look them up anew.
+    static std::uint64_t ChildChanges() { return child_changes_; }
 
     // The tree.
     bool edit_mode = false;      ///< the next stream is baked with the edit transform
-    bool on_path = false;        ///< the scene evaluation stands inside this definition
     std::vector<int> child_ids;  ///< entities placed inside, in order
     std::vector<int> other_ids;  ///< kept for the script layer
     int num_entities = 0;        ///< kept for the script layer
+
+    // The scene evaluation.
+    bool on_path = false;  ///< it stands inside this definition
+    ChildPlan child_plan;  ///< what it does with the children
 
     // Geometry and materials.
     ApiNode* mesh = nullptr;
@@ -95,6 +108,7 @@ public:
 
 private:
     MeshMaterialMap* FindOrMakeMap(int material_id);
+    MeshMaterialMap* FindPlacementMap(int material_id, std::uint64_t walk);
     void SetNumVerticesPerPoly();
     void SetVertices();
     void SetVertexIndices();
@@ -108,10 +122,15 @@ private:
     int SlotOf(const std::shared_ptr<SuMaterial>& material, int& next_slot);
     static void FillTriangles(const Face& face, int slot, std::vector<int>& slot_of_triangle);
 
-    // The map that the running scene evaluation has asked for last.
-    std::uint64_t placement_evaluation_ = 0;
+    // The map that the running walk has asked for last.
+    std::uint64_t placement_walk_ = 0;
     int placement_material_id_ = kNoId;
     MeshMaterialMap* placement_map_ = nullptr;
+    // What ChildInstances has answered, and for which ids and which version of the table.
+    std::vector<Instance*> child_instances_;
+    std::vector<int> found_ids_;
+    std::uint64_t found_version_ = 0;
+    static inline std::uint64_t child_changes_ = 0;
 };
 
 }  // namespace Velmar

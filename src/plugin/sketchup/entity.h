@@ -26,8 +26,8 @@ public:
 
     const int id;
     const Type type;
-    std::uint64_t listed_in =
-        0;  ///< number of the latest garbage collection that found it among a definition's children
+    /// Number of the latest garbage collection that found it among the children of a definition.
+    std::uint64_t listed_in = 0;
 };
 
 }  // namespace Velmar

@@ -1,5 +1,6 @@
 #include "plugin/sketchup/entity_table.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Velmar {
@@ -13,11 +14,10 @@ void EntityIndex::Set(int id, Entity* entity) {
     std::size_t i = Home(id);
     while (slots_[i].entity != nullptr && slots_[i].id != id) i = (i + 1) & mask_;
     if (slots_[i].entity == nullptr) ++count_;
-    slots_[i] = {id, entity};
+    slots_[i] = {id, entity->type, entity};
 }
 
 void EntityIndex::Erase(int id) {
-    if (slots_.empty()) return;
     std::size_t hole = Home(id);
     while (slots_[hole].entity != nullptr && slots_[hole].id != id) hole = (hole + 1) & mask_;
     if (slots_[hole].entity == nullptr) return;
@@ -35,14 +35,14 @@ void EntityIndex::Erase(int id) {
 }
 
 void EntityIndex::Clear() {
-    slots_.clear();
+    slots_.assign(1, {});
     mask_ = 0;
     count_ = 0;
 }
 
 void EntityIndex::Grow() {
     constexpr std::size_t kFirstSlots = 64;
-    std::vector<Slot> old(slots_.empty() ? kFirstSlots : 2 * slots_.size());
+    std::vector<Slot> old(std::max(kFirstSlots, 2 * slots_.size()));
     old.swap(slots_);
     mask_ = slots_.size() - 1;
     count_ = 0;

@@ -8,7 +8,9 @@
 #include <memory>
 #include <vector>
 
+#include "plugin/sketchup/definition.h"
 #include "plugin/sketchup/entity.h"
+#include "plugin/sketchup/instance.h"
 #include "plugin/sketchup/weld_table.h"
 
 namespace Velmar {
@@ -17,12 +19,17 @@ namespace Velmar {
 /// row are found in a row; the runs themselves are mixed.
 class EntityIndex {
 public:
-    /// The entity of that id, or null.
-    Entity* Find(int id) const {
-        if (slots_.empty()) return nullptr;
+    struct Slot {
+        int id = 0;
+        int type = 0;              ///< the entity's, so that asking for a kind does not touch the entity itself
+        Entity* entity = nullptr;  ///< null for a free slot
+    };
+
+    /// The slot of that id, or a free one.
+    const Slot& Find(int id) const {
         std::size_t i = Home(id);
         while (slots_[i].entity != nullptr && slots_[i].id != id) i = (i + 1) & mask_;
-        return slots_[i].entity;
+        return slots_[i];
     }
     /// Makes sure that the next Set cannot fail.
     void MakeRoom();
@@ -32,17 +39,13 @@ public:
     void Clear();
 
 private:
-    struct Slot {
-        int id = 0;
-        Entity* entity = nullptr;  ///< null for a free slot
-    };
     std::size_t Home(int id) const {
         const auto bits = static_cast<std::uint32_t>(id);
         return (MixBits(bits >> 3) << 3 | (bits & 7)) & mask_;
     }
     void Grow();
 
-    std::vector<Slot> slots_;  ///< a power of two, at most half of them taken
+    std::vector<Slot> slots_ = std::vector<Slot>(1);  ///< a power of two, at most half of them taken
     std::size_t mask_ = 0;
     std::size_t count_ = 0;
 };
@@ -52,8 +55,11 @@ class EntityTable {
 public:
     using Map = std::map<int, std::shared_ptr<Entity>>;
 
-    /// The entity of that id, or null. Valid while it stands in the table.
-    Entity* Find(int id) const { return index_.Find(id); }
+    /// Each answers the entity of that id, or null when there is none or it is of another kind. Valid while it stands
+    /// in the table.
+    Entity* Find(int id) const { return index_.Find(id).entity; }
+    Definition* FindDefinition(int id) const { return FindKind<Definition>(id, Entity::kDefinition); }
+    Instance* FindInstance(int id) const { return FindKind<Instance>(id, Entity::kInstance); }
     /// Inserts or overwrites.
     void Set(int id, std::shared_ptr<Entity> entity);
     /// Takes the id out, if it is there.
@@ -65,17 +71,22 @@ public:
     /// How many of the entries hold an instance, and how many hold nothing.
     std::size_t InstanceCount() const { return instance_count_; }
     std::size_t EmptyCount() const { return empty_count_; }
-    /// Goes up with each change of the table.
+    /// Goes up with each change of the table; never 0.
     std::uint64_t Version() const { return version_; }
 
 private:
+    template <typename Kind>
+    Kind* FindKind(int id, Entity::Type type) const {
+        const EntityIndex::Slot& slot = index_.Find(id);
+        return slot.type == type ? static_cast<Kind*>(slot.entity) : nullptr;
+    }
     void Count(const Entity* entity, std::ptrdiff_t step);
 
     Map entries_;
     EntityIndex index_;
     std::size_t instance_count_ = 0;
     std::size_t empty_count_ = 0;
-    std::uint64_t version_ = 0;
+    std::uint64_t version_ = 1;
 };
 
 }  // namespace Velmar

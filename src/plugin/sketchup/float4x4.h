@@ -53,11 +53,22 @@ public:
     /// The transform in the renderer's axes and form: the transpose of SwapYZ, without its last row. The host's fourth
     /// column is dropped; nothing is divided by the weight.
     inline Matrix<float> ToRenderer() const;
+    /// (a * b).ToRenderer() without the detour through memory.
+    static inline Matrix<float> ProductToRenderer(const Float4x4& a, const Float4x4& b);
 
 private:
     using Row = float __attribute__((vector_size(16)));
+    struct Rows {
+        Row r0, r1, r2, r3;
+    };
     inline Row LoadRow(std::size_t row) const;
     inline void StoreRow(std::size_t row, Row values);
+    inline Rows Load() const { return {LoadRow(0), LoadRow(1), LoadRow(2), LoadRow(3)}; }
+    static inline Row Times(Row a, const Rows& b) { return a[0] * b.r0 + a[1] * b.r1 + a[2] * b.r2 + a[3] * b.r3; }
+    static inline Rows Times(const Rows& a, const Rows& b) {
+        return {Times(a.r0, b), Times(a.r1, b), Times(a.r2, b), Times(a.r3, b)};
+    }
+    static inline Matrix<float> ToRenderer(const Rows& rows);
 
     std::array<float, 16> f_{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 };
@@ -73,17 +84,35 @@ inline void Float4x4::StoreRow(std::size_t row, Row values) {
 }
 
 inline Float4x4 Float4x4::operator*(const Float4x4& other) const {
-    const Row b0 = other.LoadRow(0), b1 = other.LoadRow(1), b2 = other.LoadRow(2), b3 = other.LoadRow(3);
+    const Rows rows = Times(Load(), other.Load());
     Float4x4 product;
-    for (std::size_t i = 0; i < 4; ++i) {
-        const float* a = f_.data() + 4 * i;
-        product.StoreRow(i, a[0] * b0 + a[1] * b1 + a[2] * b2 + a[3] * b3);
-    }
+    static_assert(sizeof product == sizeof rows);
+    __builtin_memcpy(product.f_.data(), &rows, sizeof rows);
     return product;
 }
 
+inline Matrix<float> Float4x4::ToRenderer(const Rows& rows) {
+    // The transpose of rows 0, 2, -1 and 3; its columns 0, 2 and -1 are what is wanted.
+    const Row r1 = -rows.r1;
+    const Row x02 = __builtin_shufflevector(rows.r0, rows.r2, 0, 4, 1, 5);
+    const Row z02 = __builtin_shufflevector(rows.r0, rows.r2, 2, 6, 3, 7);
+    const Row x13 = __builtin_shufflevector(r1, rows.r3, 0, 4, 1, 5);
+    const Row z13 = __builtin_shufflevector(r1, rows.r3, 2, 6, 3, 7);
+    const Row columns[3] = {__builtin_shufflevector(x02, x13, 0, 1, 4, 5),
+                            __builtin_shufflevector(z02, z13, 0, 1, 4, 5),
+                            -__builtin_shufflevector(x02, x13, 2, 3, 6, 7)};
+    Matrix<float> renderer;
+    static_assert(sizeof renderer == sizeof columns);
+    __builtin_memcpy(&renderer, columns, sizeof columns);
+    return renderer;
+}
+
 inline Matrix<float> Float4x4::ToRenderer() const {
-    return {{{f_[0], f_[8], -f_[4], f_[12]}, {f_[2], f_[10], -f_[6], f_[14]}, {-f_[1], -f_[9], f_[5], -f_[13]}}};
+    return ToRenderer(Load());
+}
+
+inline Matrix<float> Float4x4::ProductToRenderer(const Float4x4& a, const Float4x4& b) {
+    return ToRenderer(Times(a.Load(), b.Load()));
 }
 
 }  // namespace Velmar

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "plugin/sketchup/entity.h"
@@ -18,51 +19,26 @@ public:
     void UpdateTransform();
     /// Puts a transform on hold for the next scene evaluation.
     void SetEditTransform(const Float4x4& edit_transform);
-    const Float4x4& GetEditTransform() const { return edit_transform_; }
+    Float4x4 GetEditTransform() const { return edit_transform_ != nullptr ? *edit_transform_ : Float4x4(); }
 
-    /// Visits in the scene evaluation of that number; a visit in another evaluation starts the count anew.
-    int VisitCount(std::uint64_t evaluation) const { return evaluation_ == evaluation ? visit_count_ : 0; }
-    /// Counts a visit and answers whether it is the first one.
-    bool Visit(std::uint64_t evaluation);
-
-private:
-    // First the members that every visit touches: a scene evaluation walks over very many instances.
-    std::uint64_t evaluation_ = 0;
-    int visit_count_ = 0;
-    bool edit_pending_ = false;  ///< edit_transform_ may differ from the identity
-
-public:
+    // Laid out for scene evaluations, which read very many instances: small, and what each visit reads side by side.
     bool edit_mode = false;  ///< it is being moved in the host's edit context
     bool visible = true;
     int definition_id = kNoId;
     int material_id = kNoId;  ///< painted on the instance
-    Float4x4 transform;
-    std::vector<Float4x4> placements;  ///< where not empty, these stand in for `transform`
 
 private:
-    Float4x4 edit_transform_;
+    std::unique_ptr<Float4x4> edit_transform_;  ///< null for the identity
+
+public:
+    std::vector<Float4x4> placements;  ///< where not empty, these stand in for `transform`
+    Float4x4 transform;
 };
 
-inline bool Instance::Visit(std::uint64_t evaluation) {
-    if (evaluation_ == evaluation) {
-        ++visit_count_;
-        return false;
-    }
-    evaluation_ = evaluation;
-    visit_count_ = 1;
-    return true;
-}
-
 inline void Instance::UpdateTransform() {
-    if (!edit_pending_) return;
-    if (edit_mode && edit_transform_ != Float4x4()) transform = transform * edit_transform_;
-    edit_transform_ = Float4x4();
-    edit_pending_ = false;
-}
-
-inline void Instance::SetEditTransform(const Float4x4& edit_transform) {
-    edit_transform_ = edit_transform;
-    edit_pending_ = true;
+    if (edit_transform_ == nullptr) return;
+    if (edit_mode) transform = transform * *edit_transform_;
+    edit_transform_.reset();
 }
 
 }  // namespace Velmar

@@ -3,6 +3,8 @@
 #include <velmar/graph.h>
 #include <velmar/project.h>
 
+#include <algorithm>
+
 #include "plugin/materials/su_material.h"
 #include "plugin/nodes/node_utils.h"
 #include "plugin/proxies/proxy.h"
@@ -29,6 +31,25 @@ MeshMaterialMap::MeshMaterialMap(Definition& definition)
 MeshMaterialMap::~MeshMaterialMap() {
     NodeUtils::SafeDestroy(scatter_);
     NodeUtils::SafeDestroy(material_map_);
+}
+
+/// Room for `count` further matrices; whoever fills it counts them.
+Matrix<float>* MeshMaterialMap::MakeRoom(std::size_t count) {
+    const std::size_t wanted = matrix_count_ + count;
+    if (wanted > matrices_.size()) matrices_.resize(std::max(wanted, 2 * matrices_.size()));
+    return matrices_.data() + matrix_count_;
+}
+
+void MeshMaterialMap::AddMatrix(const Float4x4& world_from_mesh) {
+    *MakeRoom(1) = world_from_mesh.ToRenderer();
+    ++matrix_count_;
+}
+
+void MeshMaterialMap::AddMatrices(std::span<const Float4x4* const> mesh_to_parent, const Float4x4& parent_to_world) {
+    const Float4x4 parent = parent_to_world;
+    Matrix<float>* next = MakeRoom(mesh_to_parent.size());
+    for (const Float4x4* const placement : mesh_to_parent) *next++ = Float4x4::ProductToRenderer(*placement, parent);
+    matrix_count_ += mesh_to_parent.size();
 }
 
 void MeshMaterialMap::Evaluate() {
@@ -61,14 +82,14 @@ ApiNode* MeshMaterialMap::GetGeometry() {
     if (scatter_ == nullptr) return nullptr;
 
     scatter_->connectTo(PIN_GEOMETRY, source, true, false);
-    scatter_->set(ATTR_TRANSFORMS, matrices_.data(), matrices_.size(), true);
+    scatter_->set(ATTR_TRANSFORMS, matrices_.data(), matrix_count_, true);
     if (source != nullptr) WriteInstanceIds(*source);
     return scatter_;
 }
 
 void MeshMaterialMap::WriteInstanceIds(const ApiNode& source) {
     const unsigned base = static_cast<unsigned>(source.getInt(ATTR_INSTANCE_ID_BASE));
-    scatter_->set(ATTR_INSTANCE_IDS, NumbersFrom(static_cast<int>(base + 1), matrices_.size()), matrices_.size(), true);
+    scatter_->set(ATTR_INSTANCE_IDS, NumbersFrom(static_cast<int>(base + 1), matrix_count_), matrix_count_, true);
 }
 
 }  // namespace Velmar

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "plugin/sketchup/float4x4.h"
@@ -24,12 +25,13 @@ public:
     ~MeshMaterialMap();
 
     /// Adds a placement: host axes, metres.
-    void AddMatrix(const Float4x4& world_from_mesh) { matrices_.push_back(world_from_mesh.ToRenderer()); }
+    void AddMatrix(const Float4x4& world_from_mesh);
+    /// Adds the placement mesh_to_parent * parent_to_world for each of `mesh_to_parent`.
+    void AddMatrices(std::span<const Float4x4* const> mesh_to_parent, const Float4x4& parent_to_world);
     /// Drops all placements; the memory stays for the next scene evaluation.
-    void ClearMatrices() { matrices_.clear(); }
-    std::size_t MatrixCount() const { return matrices_.size(); }
+    void ClearMatrices() { matrix_count_ = 0; }
     /// Placements in renderer axes and form, metres.
-    const std::vector<Matrix<float>>& Matrices() const { return matrices_; }
+    std::span<const Matrix<float>> Matrices() const { return {matrices_.data(), matrix_count_}; }
 
     /// Sets the node of the inherited material; null for none.
     void SetMaterial(ApiNode* material) { material_ = material; }
@@ -47,9 +49,11 @@ public:
     ApiNode* MaterialMap() const { return material_map_; }
 
 private:
+    Matrix<float>* MakeRoom(std::size_t count);
     void WriteInstanceIds(const ApiNode& source);
 
-    std::vector<Matrix<float>> matrices_;
+    std::size_t matrix_count_ = 0;
+    std::vector<Matrix<float>> matrices_;   ///< the first matrix_count_ of them count
     std::weak_ptr<Definition> definition_;  ///< weak, as the definition holds the map
     ApiNode* scatter_ = nullptr;
     ApiNode* material_map_ = nullptr;

@@ -5,7 +5,6 @@
 #include "plugin/sketchup/scene_walk.h"
 #include "plugin/sketchup/su_manager.h"
 #include "plugin/sketchup/su_tables.h"
-#include "plugin/utils/scope_guard.h"
 #include "plugin/velmar/vel_manager.h"
 
 namespace Velmar {
@@ -40,31 +39,47 @@ std::shared_ptr<MeshMaterialMap> RootMap() {
     return root->mesh_maps[kNoId];
 }
 
-/// Every instance was visited in the latest walk, and the table has not changed since: there is nothing to collect.
-bool AllReached(std::size_t listed_but_not_reached) {
-    const EntityTable& entities = tables.entities;
-    return entities.Version() == tables.evaluated_version && entities.EmptyCount() == 0 &&
-           entities.InstanceCount() == tables.reached_instances + listed_but_not_reached;
-}
-
-bool IsReached(const Entity& entity) {
-    return !entity.IsInstance() || static_cast<const Instance&>(entity).VisitCount(tables.evaluation) > 0;
-}
-
-/// Marks all children of definitions, which stay whether they were reached or not. Answers how many of them were not.
-std::size_t MarkListed() {
-    std::size_t listed_but_not_reached = 0;
-    ++tables.collection;
-    for (const auto& [definition_id, definition] : tables.definitions) {
-        if (definition == nullptr) continue;
-        for (const int id : definition->child_ids) {
-            Entity* const child = tables.entities.Find(id);
-            if (child == nullptr || child->listed_in == tables.collection) continue;
-            child->listed_in = tables.collection;
-            if (!IsReached(*child)) ++listed_but_not_reached;
-        }
+/// Calls `visit` with each list of instances that the root or a definition places.
+template <typename Visit>
+void ForEachList(const Visit& visit) {
+    if (tables.root_def != nullptr) visit(*tables.root_def);
+    for (const auto& [id, definition] : tables.definitions) {
+        if (definition != nullptr) visit(*definition);
     }
-    return listed_but_not_reached;
+}
+
+/// A number that goes up with each change of the table or of a list.
+std::uint64_t ListState() {
+    ForEachList([](Definition& definition) { definition.ChildInstances(tables.entities); });
+    return tables.entities.Version() + tables.definition_changes + Definition::ChildChanges();
+}
+
+/// Marks all instances that are listed, and answers how many they are.
+std::size_t MarkListed() {
+    std::size_t count = 0;
+    ++tables.collection;
+    ForEachList([&count](Definition& definition) {
+        for (Instance* const child : definition.ChildInstances(tables.entities)) {
+            if (child->listed_in == tables.collection) continue;
+            child->listed_in = tables.collection;
+            ++count;
+        }
+    });
+    return count;
+}
+
+/// Drops all instances without the latest mark, and empty entries.
+void DropUnlisted() {
+    const EntityTable::Map& entries = tables.entities.Entries();
+    for (auto entry = entries.begin(); entry != entries.end();) {
+        const std::shared_ptr<Entity>& entity = entry->second;
+        if (entity != nullptr && (!entity->IsInstance() || entity->listed_in == tables.collection)) {
+            ++entry;
+            continue;
+        }
+        SketchupManager::DiscardEntity(entity);
+        entry = tables.entities.Erase(entry);
+    }
 }
 
 }  // namespace
@@ -111,44 +126,24 @@ std::size_t SketchupManager::GetNumDefinitionMaps() {
 }
 
 void SketchupManager::EvaluateEntities() {
-    ++tables.evaluation;
-    tables.evaluated_version = tables.entities.Version();
-    tables.reached_instances = 0;
-    Definition* const root = tables.root_def.get();
-    if (root == nullptr) return;
-
-    const ScopedValue inside_root(root->on_path, true);
-    SceneWalk walk(tables.entities, tables.evaluation);
-    for (const int id : root->child_ids) {
-        Entity* const child = tables.entities.Find(id);
-        if (child == nullptr || !child->IsInstance()) continue;
-        auto& instance = static_cast<Instance&>(*child);
-        walk.Visit(instance, Float4x4(), instance.material_id);
-    }
-    tables.reached_instances = walk.Reached();
+    if (tables.root_def == nullptr) return;
+    SceneWalk walk(tables.entities, ++tables.walks);
+    walk.VisitChildren(*tables.root_def);
 }
 
 void SketchupManager::EvaluateEntity(Entity& entity, const Float4x4& world_from_parent, int inherited_material_id) {
     if (!entity.IsInstance()) return;
-    SceneWalk walk(tables.entities, tables.evaluation);
+    SceneWalk walk(tables.entities, ++tables.walks);
     walk.Visit(static_cast<Instance&>(entity), world_from_parent, inherited_material_id);
-    tables.reached_instances += walk.Reached();
 }
 
+// A walk visits what the root lists, and where it enters a definition, what that lists, hidden instances included. A
+// definition's instances stay whether it was entered or not, so the lists alone say what stays.
 void SketchupManager::CollectGarbage() {
-    if (AllReached(0)) return;
-    const std::size_t listed_but_not_reached = MarkListed();
-    if (AllReached(listed_but_not_reached)) return;
-    const EntityTable::Map& entries = tables.entities.Entries();
-    for (auto entry = entries.begin(); entry != entries.end();) {
-        const std::shared_ptr<Entity>& entity = entry->second;
-        if (entity != nullptr && (IsReached(*entity) || entity->listed_in == tables.collection)) {
-            ++entry;
-            continue;
-        }
-        DiscardEntity(entity);
-        entry = tables.entities.Erase(entry);
-    }
+    if (tables.collected_state == ListState()) return;
+    const std::size_t listed = MarkListed();
+    if (tables.entities.EmptyCount() > 0 || tables.entities.InstanceCount() > listed) DropUnlisted();
+    tables.collected_state = ListState();
 }
 
 }  // namespace Velmar

@@ -46,6 +46,7 @@ void SketchupManager::Cleanup() {
     tables.edit_mode_instances.clear();
     tables.materials.clear();
     tables.definitions.clear();
+    ++tables.definition_changes;
     tables.entities.Clear();
     tables.root_def.reset();
 }
@@ -60,15 +61,15 @@ std::shared_ptr<Entity> SketchupManager::GetEntity(int id) {
 }
 
 std::shared_ptr<Definition> SketchupManager::GetDefinition(int id) {
-    Entity* const entity = tables.entities.Find(id);
-    if (entity == nullptr || !entity->IsDefinition()) return nullptr;
-    return std::static_pointer_cast<Definition>(entity->shared_from_this());
+    Definition* const definition = tables.entities.FindDefinition(id);
+    if (definition == nullptr) return nullptr;
+    return std::static_pointer_cast<Definition>(definition->shared_from_this());
 }
 
 std::shared_ptr<Instance> SketchupManager::GetInstance(int id) {
-    Entity* const entity = tables.entities.Find(id);
-    if (entity == nullptr || !entity->IsInstance()) return nullptr;
-    return std::static_pointer_cast<Instance>(entity->shared_from_this());
+    Instance* const instance = tables.entities.FindInstance(id);
+    if (instance == nullptr) return nullptr;
+    return std::static_pointer_cast<Instance>(instance->shared_from_this());
 }
 
 std::shared_ptr<SuMaterial> SketchupManager::GetMaterial(int id) {
@@ -93,6 +94,7 @@ void SketchupManager::SetEntity(int id, const std::shared_ptr<Entity>& entity) {
 
 void SketchupManager::SetDefinition(int id, const std::shared_ptr<Definition>& definition) {
     tables.definitions[id] = definition;
+    ++tables.definition_changes;
 }
 
 void SketchupManager::SetMaterial(int id, const std::shared_ptr<SuMaterial>& material) {
@@ -157,6 +159,7 @@ void SketchupManager::FlushGeometryLocal() {
     FlushMaterials();
     tables.edit_mode_instances.clear();
     tables.definitions.clear();
+    ++tables.definition_changes;
     tables.edit_transform = Float4x4();
     VelmarManager::FlushGeometryGroup();
 }

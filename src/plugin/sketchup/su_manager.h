@@ -125,7 +125,7 @@ public:
     static void EvaluateEntity(Entity& entity, const Float4x4& world_from_parent, int inherited_material_id);
     /// Maps of all definitions that have a mesh: the scene's scatters, without the root's.
     static std::size_t GetNumDefinitionMaps();
-    /// Drops instances that the latest walk has not reached and that no definition lists.
+    /// Drops instances that neither the root nor a definition lists, and empty entries.
     static void CollectGarbage();
 
     // --- Flushes. ---

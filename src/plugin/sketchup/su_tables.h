@@ -32,11 +32,10 @@ struct SuTables {
     std::map<int, std::shared_ptr<Definition>> face_camera_definitions;
     GeometryStream stream;
 
-    // What the latest scene evaluation has found.
-    std::uint64_t evaluation = 0;         ///< its number
-    std::uint64_t evaluated_version = 0;  ///< version of `entities` that it saw
-    std::size_t reached_instances = 0;    ///< distinct instances that it visited
-    std::uint64_t collection = 0;         ///< number of the latest garbage collection
+    std::uint64_t walks = 0;               ///< number of the latest walk of a scene evaluation
+    std::uint64_t definition_changes = 0;  ///< goes up with each change of `definitions`
+    std::uint64_t collection = 0;          ///< number of the latest garbage collection
+    std::uint64_t collected_state = 0;  ///< state of tables and lists that it left, in which nothing is to be dropped
 };
 
 }  // namespace Velmar

@@ -10,16 +10,13 @@
 namespace Velmar {
 namespace {
 
-class Other : public Entity {
-public:
-    explicit Other(int entity_id) : Entity(entity_id, kDefinition) {}
-};
-
 /// The table's index and counts say the same as its entries.
 void ExpectConsistent(const EntityTable& table, int low, int high) {
     std::size_t instances = 0, empties = 0;
     for (const auto& [id, entity] : table.Entries()) {
         EXPECT_EQ(table.Find(id), entity.get());
+        EXPECT_EQ(table.FindInstance(id), std::dynamic_pointer_cast<Instance>(entity).get());
+        EXPECT_EQ(table.FindDefinition(id), std::dynamic_pointer_cast<Definition>(entity).get());
         if (entity == nullptr) ++empties;
         if (entity != nullptr && entity->IsInstance()) ++instances;
     }
@@ -42,7 +39,7 @@ TEST(EntityTable, FindsWhatStandsInItUnderRandomChanges) {
                 table.Set(id, std::make_shared<Instance>(id));
                 break;
             case 2:
-                table.Set(id, std::make_shared<Other>(id));
+                table.Set(id, std::make_shared<Definition>(id));
                 break;
             case 3:
                 table.Set(id, nullptr);

@@ -24,7 +24,6 @@ TEST(Instance, StartsVisibleUnplacedAndUnpainted) {
     const Instance instance(6);
     EXPECT_FALSE(instance.edit_mode);
     EXPECT_TRUE(instance.visible);
-    EXPECT_EQ(instance.VisitCount(1), 0);
     EXPECT_EQ(instance.transform, Float4x4());
     EXPECT_EQ(instance.GetEditTransform(), Float4x4());
     EXPECT_TRUE(instance.placements.empty());
@@ -42,16 +41,6 @@ TEST(Definition, StartsEmpty) {
     EXPECT_EQ(definition.num_polys, 0u);
     EXPECT_FALSE(definition.materials_dirty);
     EXPECT_TRUE(definition.mesh_maps.empty());
-}
-
-TEST(Instance, CountsVisitsWithinOneEvaluation) {
-    Instance instance(6);
-    EXPECT_TRUE(instance.Visit(1));
-    EXPECT_FALSE(instance.Visit(1));
-    EXPECT_EQ(instance.VisitCount(1), 2);
-    EXPECT_EQ(instance.VisitCount(2), 0);
-    EXPECT_TRUE(instance.Visit(2));
-    EXPECT_EQ(instance.VisitCount(2), 1);
 }
 
 Float4x4 Shifted(float x) {

@@ -24,9 +24,9 @@ TEST_F(MeshMaterialMapTest, MatricesCrossIntoTheRenderersForm) {
     for (std::size_t i = 0; i < 16; ++i) placement[i] = static_cast<float>(i + 1);
     map.AddMatrix(placement);
     EXPECT_THAT(map.Matrices(), ElementsAre(Matrix<float>{{{1, 9, -5, 13}, {3, 11, -7, 15}, {-2, -10, 6, -14}}}));
-    EXPECT_EQ(map.MatrixCount(), 1u);
+    EXPECT_EQ(map.Matrices().size(), 1u);
     map.ClearMatrices();
-    EXPECT_EQ(map.MatrixCount(), 0u);
+    EXPECT_EQ(map.Matrices().size(), 0u);
 }
 
 TEST_F(MeshMaterialMapTest, AddInstanceNeedsAMeshOrAProxy) {
@@ -44,12 +44,12 @@ TEST_F(MeshMaterialMapTest, EachInheritedMaterialHasAMapOfItsOwn) {
     ASSERT_TRUE(stream(1, {-1}));
     for (int i = 0; i < 10; ++i) definition->AddInstance(shifted(static_cast<float>(i)), i == 4 ? 10 : -1);
     ASSERT_EQ(definition->mesh_maps.size(), 2u);
-    EXPECT_EQ(definition->mesh_maps.at(-1)->MatrixCount(), 9u);
+    EXPECT_EQ(definition->mesh_maps.at(-1)->Matrices().size(), 9u);
     EXPECT_EQ(definition->mesh_maps.at(-1)->Material(), nullptr);
-    EXPECT_EQ(definition->mesh_maps.at(10)->MatrixCount(), 1u);
+    EXPECT_EQ(definition->mesh_maps.at(10)->Matrices().size(), 1u);
     EXPECT_EQ(definition->mesh_maps.at(10)->Material(), red->node);
     definition->ClearMatrices();
-    EXPECT_EQ(definition->mesh_maps.at(-1)->MatrixCount(), 0u);
+    EXPECT_EQ(definition->mesh_maps.at(-1)->Matrices().size(), 0u);
     EXPECT_EQ(definition->mesh_maps.size(), 2u);
 }
 

@@ -73,7 +73,7 @@ TEST_F(SceneEvaluation, NestedPlacementsAreComposedFromTheInside) {
     addInstance(11, 2, turned * shifted(100));
     setModel({11});
     SketchupManager::EvaluateEntities();
-    const Matrix<float> world = SketchupManager::GetDefinition(1)->mesh_maps.at(-1)->Matrices().at(0);
+    const Matrix<float> world = SketchupManager::GetDefinition(1)->mesh_maps.at(-1)->Matrices()[0];
     EXPECT_EQ(world, (shifted(2) * (turned * shifted(100))).ToRenderer());
     EXPECT_NEAR(world.m[0][3], 100.0f, 1e-4f);
     EXPECT_NEAR(world.m[2][3], -2.0f, 1e-4f) << "the host's y";
@@ -135,7 +135,7 @@ TEST_F(SceneEvaluation, BranchesThatLeadNowhereEndQuietly) {
     EXPECT_THAT(walkedShifts(1), ElementsAre(1));
     SketchupManager::EvaluateEntity(*SketchupManager::GetDefinition(1), {}, -1);
     SketchupManager::EvaluateEntity(*SketchupManager::GetInstance(11), shifted(10), -1);
-    EXPECT_EQ(SketchupManager::GetDefinition(1)->mesh_maps.at(-1)->MatrixCount(), 2u);
+    EXPECT_EQ(SketchupManager::GetDefinition(1)->mesh_maps.at(-1)->Matrices().size(), 2u);
 }
 
 TEST_F(SceneEvaluation, ChildrenOfAProxiedDefinitionAreNotWalked) {
@@ -180,6 +180,31 @@ TEST_F(SceneEvaluation, ADefinitionInsideItselfIsNotEnteredAgain) {
     EXPECT_FALSE(SketchupManager::GetRoot()->on_path);
 }
 
+TEST_F(SceneEvaluation, MoreChildrenThanOnePlanHoldsAreAllPlaced) {
+    addMeshed(1);
+    constexpr int count = 5000;
+    std::vector<int> children;
+    for (int i = 0; i < count; ++i) {
+        addInstance(100 + i, i % 700 == 3 ? 3 : 1, shifted(static_cast<float>(i)));
+        children.push_back(100 + i);
+    }
+    addMeshed(3, {50});
+    addInstance(50, 1, shifted(0.5f));
+    addDefinition(2, children);
+    addInstance(10, 2);
+    addInstance(11, 2, shifted(10'000));
+    setModel({10, 11});
+    std::vector<float> expected;
+    for (const float group : {0.0f, 10'000.0f}) {
+        for (int i = 0; i < count; ++i) {
+            expected.push_back(group + static_cast<float>(i) + (i % 700 == 3 ? 0.5f : 0.0f));
+        }
+    }
+    EXPECT_EQ(walkedShifts(1), expected);
+    EXPECT_EQ(walkedShifts(1), expected) << "a second walk";
+    EXPECT_THAT(walkedShifts(3), testing::SizeIs(2 * 8));
+}
+
 TEST_F(SceneEvaluation, AModelMayBeNestedVeryDeep) {
     constexpr int depth = 100'000;
     addMeshed(1);
@@ -196,13 +221,11 @@ TEST_F(SceneEvaluation, AWalkThatIsCutShortLeavesNoDefinitionMarked) {
     const auto outer = addDefinition(2, {10});
     addInstance(10, 1);
     addInstance(20, 2);
-    const EntityTable empty;
     {
         EntityTable entities;
         entities.Set(2, outer);
         SceneWalk walk(entities, 1);
         walk.Visit(*SketchupManager::GetInstance(20), {}, -1);
-        EXPECT_EQ(walk.Reached(), 1u);
     }
     EXPECT_FALSE(outer->on_path);
 }
@@ -263,7 +286,7 @@ TEST_F(SceneEvaluation, AgreesWithThePlainWalkOnRandomModels) {
         std::map<std::pair<int, int>, std::vector<Matrix<float>>> placed;
         for (int d = 0; d < definitions; ++d) {
             for (const auto& [material, map] : SketchupManager::GetDefinition(d)->mesh_maps) {
-                placed[{d, material}] = map->Matrices();
+                placed[{d, material}].assign(map->Matrices().begin(), map->Matrices().end());
             }
         }
         ASSERT_EQ(placed, expected) << "round " << round;
@@ -335,8 +358,8 @@ TEST_F(SceneEvaluation, MatricesExistOnlyDuringAnApplyButForTheRoots) {
     addInstance(20, 1);
     setModel({20});
     SketchupManager::ApplyGeometryLocal();
-    EXPECT_EQ(definition->mesh_maps.at(-1)->MatrixCount(), 0u);
-    EXPECT_EQ(SketchupManager::GetRoot()->mesh_maps.at(-1)->MatrixCount(), 1u);
+    EXPECT_EQ(definition->mesh_maps.at(-1)->Matrices().size(), 0u);
+    EXPECT_EQ(SketchupManager::GetRoot()->mesh_maps.at(-1)->Matrices().size(), 1u);
     SketchupManager::ApplyGeometryLocal();
     EXPECT_THAT(matrices(scatterOnPin(0)), testing::SizeIs(1));
     EXPECT_THAT(matrices(scatterOnPin(1)), testing::SizeIs(1));
@@ -476,15 +499,41 @@ TEST_F(SceneEvaluation, ChildrenOfADeletedDefinitionAreStillListed) {
     EXPECT_FALSE(SketchupManager::IsEntityValid(10));
 }
 
-TEST_F(SceneEvaluation, WhatIsAddedAfterAWalkIsJudgedByThatWalk) {
+TEST_F(SceneEvaluation, GarbageIsLookedForAfterEveryKindOfChange) {
     addMeshed(1);
+    const auto outer = addDefinition(2, {10});
+    addInstance(10, 1);
     addInstance(20, 1);
     setModel({20});
-    SketchupManager::EvaluateEntities();
+    const auto kept = [](std::initializer_list<int> ids) {
+        SketchupManager::ApplyGeometryLocal();
+        SketchupManager::ApplyGeometryLocal();
+        std::vector<int> result;
+        for (const int id : ids) {
+            if (SketchupManager::IsEntityValid(id)) result.push_back(id);
+        }
+        return result;
+    };
+    EXPECT_THAT(kept({10, 20}), ElementsAre(10, 20));
     addInstance(21, 1);
-    SketchupManager::EraseEntity(20);
-    SketchupManager::CollectGarbage();
-    EXPECT_FALSE(SketchupManager::IsEntityValid(21));
+    EXPECT_THAT(kept({10, 20, 21}), ElementsAre(10, 20)) << "a new instance that nothing places";
+    outer->child_ids = {};
+    EXPECT_THAT(kept({10, 20}), ElementsAre(20)) << "a shorter list";
+    addInstance(10, 1);
+    outer->child_ids = {10};
+    EXPECT_THAT(kept({10, 20}), ElementsAre(10, 20));
+    SketchupManager::UpdateDefinition(2, {}, {11});
+    EXPECT_THAT(kept({10, 20}), ElementsAre(20)) << "a list of the same length";
+    setModel({});
+    EXPECT_THAT(kept({10, 20}), IsEmpty());
+    addInstance(30, 1);
+    SketchupManager::SetDefinition(3, std::make_shared<Definition>(3));
+    setModel({30});
+    EXPECT_THAT(kept({30}), ElementsAre(30));
+    SketchupManager::SetEntity(40, nullptr);
+    kept({});
+    SketchupManager::FlushModelEntities();
+    EXPECT_THAT(kept({30}), IsEmpty());
 }
 
 TEST_F(SceneEvaluation, EmptyEntriesDisappearWhenAllElseIsReached) {

@@ -338,7 +338,7 @@ TEST_F(SuManager, TheRootsMeshHasItsOnePlacementAtOnce) {
     ASSERT_TRUE(stream(-2, {-1}));
     const auto root = SketchupManager::GetRoot();
     ASSERT_EQ(root->mesh_maps.size(), 1u);
-    EXPECT_EQ(root->mesh_maps.at(-1)->Matrices(), (std::vector<Matrix<float>>{Float4x4().ToRenderer()}));
+    EXPECT_THAT(root->mesh_maps.at(-1)->Matrices(), ElementsAre(Float4x4().ToRenderer()));
     const auto other = addDefinition(1);
     ASSERT_TRUE(stream(1, {-1}));
     EXPECT_TRUE(other->mesh_maps.empty());
