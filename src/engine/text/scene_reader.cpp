@@ -29,7 +29,9 @@ bool is(const char* name, const char* other) {
 
 std::string quoted(std::string_view text) {
     constexpr std::size_t most = 60;
-    return "\"" + std::string(text.substr(0, most)) + (text.size() > most ? "...\"" : "\"");
+    std::string storage;
+    const std::string_view shown = escapeText(text.substr(0, most), storage);
+    return "\"" + std::string(shown) + (text.size() > most ? "...\"" : "\"");
 }
 
 const TypeEntry* typeNamed(std::string_view name) {

@@ -15,13 +15,23 @@ namespace {
 
 using namespace SceneFormat;
 
-const Value& defaultOf(const TypeEntry& type, unsigned attribute) {
+const std::vector<Value>& defaultsOf(const TypeEntry& type) {
     static auto& defaults = *new std::unordered_map<const TypeEntry*, std::vector<Value>>;
     auto [found, fresh] = defaults.try_emplace(&type);
     if (fresh) {
         for (const ApiAttributeInfo& info : type.attributes) found->second.push_back(defaultValue(info));
     }
-    return found->second[attribute];
+    return found->second;
+}
+
+/// Free nodes within a graph and the graphs inside it. Throws Refusal when those nest too deeply.
+std::size_t countNodes(const GraphRecord& graph, unsigned depth) {
+    if (depth > kDeepest) throw Refusal("the graph nests too deeply");
+    std::size_t count = 0;
+    for (const ItemRecord* item = graph.first; item != nullptr; item = item->next) {
+        count += item->isNode() ? 1 : countNodes(static_cast<const GraphRecord&>(*item), depth + 1);
+    }
+    return count;
 }
 
 class SceneWriter {
@@ -35,7 +45,8 @@ public:
         pugi::xml_node scene = document_.append_child(kScene);
         if (root_.version > kNewestVersion) throw Refusal("the graph is of a newer version than this engine");
         scene.append_attribute(kVersion).set_value(root_.version == 0 ? kNewestVersion : root_.version);
-        numberNodes(root_, 1);
+        ids_.reserve(countNodes(root_, 1));
+        numberNodes(root_);
         writeItems(scene, root_, 2);
 
         TextWriter out;
@@ -50,13 +61,12 @@ private:
     }
 
     // Numbers stand in the order of the text, so that a node that comes last leaves all others as they were.
-    void numberNodes(const GraphRecord& graph, unsigned depth) {
-        checkDepth(depth);
+    void numberNodes(const GraphRecord& graph) {
         for (const ItemRecord* item = graph.first; item != nullptr; item = item->next) {
             if (item->isNode()) {
                 ids_.emplace(static_cast<const NodeRecord*>(item), static_cast<unsigned>(ids_.size() + 1));
             } else {
-                numberNodes(static_cast<const GraphRecord&>(*item), depth + 1);
+                numberNodes(static_cast<const GraphRecord&>(*item));
             }
         }
     }
@@ -93,7 +103,11 @@ private:
         if (isStandIn(node) && writeStandIn(element, node, depth)) return;
         element.append_attribute(kType).set_value(node.type->row->type_name);
         writePlace(element, node, node.name != node.type->row->default_name);
-        for (unsigned i = 0; i < node.attributes.size(); ++i) writeAttribute(element, node, i, depth + 1);
+        const std::vector<Value>& defaults = defaultsOf(*node.type);
+        for (unsigned i = 0; i < node.attributes.size(); ++i) {
+            const bool written = !isComputed(*node.type, i) && !sameValue(node.attributes[i].value, defaults[i]);
+            if (written) writeAttribute(element, node, i, depth + 1);
+        }
         unsigned last = 0;
         for (unsigned pin = 0; pin < node.pins.size(); ++pin) {
             if (writePin(element, node, pin, depth + 1)) last = pin + 1;
@@ -145,7 +159,6 @@ private:
 
     void writeAttribute(pugi::xml_node element, const NodeRecord& node, unsigned index, unsigned depth) {
         const Value& value = node.attributes[index].value;
-        if (isComputed(*node.type, index) || sameValue(value, defaultOf(*node.type, index))) return;
         const ApiAttributeInfo& info = node.type->attributes[index];
         if (isSmall(info)) {
             buffer_.clear();
