@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <limits>
 #include <set>
 #include <thread>
@@ -62,6 +64,21 @@ TEST(Film, GoesOnWhenMoreSamplesAreWanted) {
     const auto more = film.next();
     ASSERT_TRUE(more);
     EXPECT_EQ(more->pass, 1u);
+}
+
+TEST(Film, APassOverATileWaitsForThePassBefore) {
+    Film film({8, 8}, 5);
+    const auto first = film.next();
+    std::atomic<bool> given = false;
+    std::jthread other([&] { given = film.next().has_value(); });
+    const auto look_until = std::chrono::steady_clock::now() + std::chrono::milliseconds(50);
+    while (std::chrono::steady_clock::now() < look_until) {
+        ASSERT_FALSE(given);
+        std::this_thread::yield();
+    }
+    film.commit(*first, filled(*first, 1.0f).data());
+    other.join();
+    EXPECT_TRUE(given);
 }
 
 TEST(Film, CancelWakesWhoWaitsForATile) {
