@@ -78,7 +78,7 @@ protected:
         std::string text = exported(graph);
         text.insert(
             text.find("</velmar-scene>"),
-            "  <node id=\"9\" type=\"VELMAR_NEW\" power=\"3\">\n    <input pin=\"a\" node=\"1\" />\n  </node>\n");
+            "  <node id=\"9\" type=\"VELMAR_TOMORROW\" power=\"3\">\n    <input pin=\"a\" node=\"1\" />\n  </node>\n");
         return text;
     }
 
@@ -135,7 +135,7 @@ TEST_F(BrokenTextTest, WithBytesTakenOutDoubledAndExchanged) {
                     broken.insert(at, broken.substr(from, length));
                     break;
                 default:
-                    broken[at] = "<>/\"'&;=! 0-\xFF"[random() % 15];
+                    broken[at] = marks[random() % marks.size()];
             }
         }
         tryText(broken);
@@ -156,7 +156,7 @@ TEST_F(BrokenTextTest, WithPiecesInWrongPlaces) {
                                              "id=\"2\" ",
                                              "type=\"VELMAR_MULTIPLY\" ",
                                              "type=\"VELMAR_MESH\" ",
-                                             "type=\"VELMAR_NEW\" ",
+                                             "type=\"VELMAR_TOMORROW\" ",
                                              "type=\"VELMAR_MATERIAL_MAP\" ",
                                              "type=\"VELMAR_GEOMETRY_GROUP\" ",
                                              "type=\"VELMAR_GEOMETRYLINK\" ",
@@ -199,7 +199,7 @@ TEST_F(BrokenTextTest, MadeOfTheFormatsWordsAtRandom) {
         if (random() % 8 != 0) text += " id=\"" + std::to_string(random() % 6) + "\"";
         if (random() % 8 != 0) {
             text += " type=\"" +
-                    pick({"VELMAR_MULTIPLY", "VELMAR_MESH", "VELMAR_NEW", "VELMAR_MATERIAL_MAP", "VELMAR_MIX",
+                    pick({"VELMAR_MULTIPLY", "VELMAR_MESH", "VELMAR_TOMORROW", "VELMAR_MATERIAL_MAP", "VELMAR_MIX",
                           "VELMAR_GEOMETRY_GROUP", "VELMAR_MATERIALLINK", "VELMAR_FLOAT"}) +
                     "\"";
         }

@@ -17,7 +17,7 @@ using testing::Not;
 class StandInTest : public TextTest {};
 
 const char* const newer_items = R"(  <node id="1" type="VELMAR_RGB" value="1 0 0" />
-  <node id="2" type="VELMAR_HAIR" name="Fur" position="3 4" flags="1" curl="0.5" tint="a&amp;b&quot;_x0001_">
+  <node id="2" type="VELMAR_FURTOMORROW" name="Fur" position="3 4" flags="1" curl="0.5" tint="a&amp;b&quot;_x0001_">
     <attribute name="strands">
 0 0 0
 1 0 0.5
@@ -29,7 +29,7 @@ const char* const newer_items = R"(  <node id="1" type="VELMAR_RGB" value="1 0 0
       <input node="1" />
     </rules>
     <input pin="root" node="1" />
-    <node pin="tip" type="VELMAR_COMB">
+    <node pin="tip" type="VELMAR_COMBTOMORROW">
       <input pin="teeth" node="4" />
       <node pin="handle" type="VELMAR_MULTIPLY">
         <input pin="texture_1" node="1" />
@@ -42,7 +42,7 @@ const char* const newer_items = R"(  <node id="1" type="VELMAR_RGB" value="1 0 0
   </node>
   <node id="4" type="VELMAR_FLOAT" />
   <node id="5" type="VELMAR_GLOSSY">
-    <node pin="diffuse" type="VELMAR_NOISE" octaves="3">
+    <node pin="diffuse" type="VELMAR_DOTSTOMORROW" octaves="3">
       <input pin="colour" node="1" />
     </node>
   </node>
@@ -81,7 +81,7 @@ TEST_F(StandInTest, FollowsWhatHappensAroundIt) {
     fur->connectToIx(3, graph->findFirstNode(NODE_FLOAT), true, false);
     ApiNode::create(NODE_INT, graph, true);
     const std::string text = exported(graph);
-    EXPECT_THAT(text, HasSubstr("type=\"VELMAR_HAIR\" name=\"Wool\" flags=\"1\" curl"));
+    EXPECT_THAT(text, HasSubstr("type=\"VELMAR_FURTOMORROW\" name=\"Wool\" flags=\"1\" curl"));
     EXPECT_THAT(text, Not(HasSubstr("pin=\"root\"")));
     EXPECT_THAT(text, HasSubstr("<input pin=\"texture_1\" node=\"4\" />"));
     EXPECT_EQ(exported(imported(text)), text);
@@ -90,34 +90,38 @@ TEST_F(StandInTest, FollowsWhatHappensAroundIt) {
 TEST_F(StandInTest, NumbersItsConnectionsAnewWithTheNodes) {
     ApiRootNodeGraph* graph = newRoot();
     for (int i = 0; i < 3; ++i) ApiNode::create(NODE_INT, graph, true);
-    ASSERT_TRUE(
-        import(graph, scene("  <node id=\"1\" type=\"VELMAR_NEW\">\n    <input pin=\"a\" node=\"2\" />\n  </node>\n"
-                            "  <node id=\"2\" type=\"VELMAR_FLOAT\" />\n")));
-    EXPECT_THAT(exported(graph), HasSubstr("<node id=\"4\" type=\"VELMAR_NEW\">\n    <input pin=\"a\" node=\"5\" />"));
+    ASSERT_TRUE(import(
+        graph, scene("  <node id=\"1\" type=\"VELMAR_TOMORROW\">\n    <input pin=\"a\" node=\"2\" />\n  </node>\n"
+                     "  <node id=\"2\" type=\"VELMAR_FLOAT\" />\n")));
+    EXPECT_THAT(exported(graph),
+                HasSubstr("<node id=\"4\" type=\"VELMAR_TOMORROW\">\n    <input pin=\"a\" node=\"5\" />"));
 }
 
 TEST_F(StandInTest, IsCopiedWithWhatItUses) {
     ApiRootNodeGraph* graph = imported(scene(newer_items));
     ApiRootNodeGraph* copy = newRoot();
     copy->copyItemTree(graph->findFirstNode(NODE_MATERIAL_MAP));
-    EXPECT_THAT(exported(copy), HasSubstr("VELMAR_HAIR"));
+    EXPECT_THAT(exported(copy), HasSubstr("VELMAR_FURTOMORROW"));
     EXPECT_EQ(exported(imported(exported(copy))), exported(copy));
 }
 
 TEST_F(StandInTest, KeepsANameThatIsThatOfItsType) {
-    for (const char* item :
-         {"  <node id=\"1\" type=\"VELMAR_NEW\" name=\"VELMAR_NEW\" />\n", "  <node id=\"1\" type=\"VELMAR_NEW\" />\n",
-          "  <node id=\"1\" type=\"VELMAR_NEW\" name=\"\" />\n"}) {
+    for (const char* item : {"  <node id=\"1\" type=\"VELMAR_TOMORROW\" name=\"VELMAR_TOMORROW\" />\n",
+                             "  <node id=\"1\" type=\"VELMAR_TOMORROW\" />\n",
+                             "  <node id=\"1\" type=\"VELMAR_TOMORROW\" name=\"\" />\n"}) {
         EXPECT_EQ(exported(imported(scene(item))), scene(item));
     }
 }
 
 TEST_F(StandInTest, RefusesConnectionsThatLeadNowhereAndCircles) {
-    EXPECT_FALSE(import(newRoot(), scene("<node id=\"1\" type=\"VELMAR_NEW\"><input pin=\"a\" node=\"2\"/></node>")));
+    EXPECT_FALSE(
+        import(newRoot(), scene("<node id=\"1\" type=\"VELMAR_TOMORROW\"><input pin=\"a\" node=\"2\"/></node>")));
     EXPECT_THAT(log, HasSubstr("not there"));
-    EXPECT_FALSE(import(newRoot(), scene("<node id=\"1\" type=\"VELMAR_NEW\"><input pin=\"a\" node=\"1\"/></node>")));
+    EXPECT_FALSE(
+        import(newRoot(), scene("<node id=\"1\" type=\"VELMAR_TOMORROW\"><input pin=\"a\" node=\"1\"/></node>")));
     EXPECT_THAT(log, HasSubstr("circle"));
-    EXPECT_FALSE(import(newRoot(), scene("<node id=\"1\" type=\"VELMAR_NEW\"><input pin=\"a\" node=\"x\"/></node>")));
+    EXPECT_FALSE(
+        import(newRoot(), scene("<node id=\"1\" type=\"VELMAR_TOMORROW\"><input pin=\"a\" node=\"x\"/></node>")));
     EXPECT_THAT(log, HasSubstr("no number"));
 }
 
@@ -135,7 +139,7 @@ TEST_F(StandInTest, WhoseTextWasOverwrittenIsWrittenAsTheNodeThatItIs) {
 
 TEST_F(StandInTest, TakesInputsThatStandInEachOther) {
     const std::string items =
-        "  <node id=\"1\" type=\"VELMAR_FLOAT\" />\n  <node id=\"2\" type=\"VELMAR_NEW\">\n"
+        "  <node id=\"1\" type=\"VELMAR_FLOAT\" />\n  <node id=\"2\" type=\"VELMAR_TOMORROW\">\n"
         "    <input node=\"1\">\n      <input node=\"1\">\n        <input node=\"1\" />\n"
         "      </input>\n    </input>\n  </node>\n";
     ApiRootNodeGraph* graph = imported(scene(items));
@@ -144,7 +148,7 @@ TEST_F(StandInTest, TakesInputsThatStandInEachOther) {
     node->connectToIx(0, nullptr, true, false);
     node->connectToIx(2, nullptr, true, false);
     EXPECT_EQ(exported(graph),
-              scene("  <node id=\"1\" type=\"VELMAR_FLOAT\" />\n  <node id=\"2\" type=\"VELMAR_NEW\" />\n"));
+              scene("  <node id=\"1\" type=\"VELMAR_FLOAT\" />\n  <node id=\"2\" type=\"VELMAR_TOMORROW\" />\n"));
 }
 
 }  // namespace
