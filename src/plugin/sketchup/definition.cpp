@@ -21,7 +21,7 @@ ApiNode* Definition::GetMesh() const {
 
 void Definition::ClearGeometry() {
     NodeUtils::SafeDestroy(mesh);
-    face_materials.clear();
+    face_materials.Clear();
     face_ids.clear();
     faces.clear();
     material_slots.clear();
@@ -71,14 +71,13 @@ MeshMaterialMap* Definition::FindOrMakeMap(int material_id) {
 }
 
 void Definition::SetMaterial(const std::shared_ptr<SuMaterial>& material, int face_id) {
-    std::shared_ptr<SuMaterial>& stored = face_materials[face_id];
-    if (stored != material) materials_dirty = true;
-    stored = material;
+    if (material != GetMaterial(face_id)) materials_dirty = true;
+    face_materials.Set(face_id, material);
 }
 
 std::shared_ptr<SuMaterial> Definition::GetMaterial(int face_id) const {
-    const auto found = face_materials.find(face_id);
-    return found != face_materials.end() ? found->second : nullptr;
+    const std::shared_ptr<SuMaterial>* const material = face_materials.Find(face_id);
+    return material != nullptr ? *material : nullptr;
 }
 
 void Definition::RebuildMeshMaterialMaps() {

@@ -15,6 +15,7 @@
 
 #include "plugin/sketchup/child_plan.h"
 #include "plugin/sketchup/entity.h"
+#include "plugin/sketchup/face_materials.h"
 #include "plugin/sketchup/float4x4.h"
 #include "plugin/sketchup/geometry_stream.h"
 
@@ -98,7 +99,7 @@ public:
     // Geometry and materials.
     ApiNode* mesh = nullptr;
     std::shared_ptr<Proxy> proxy;
-    std::map<int, std::shared_ptr<SuMaterial>> face_materials;  ///< by face id; null for a face without
+    FaceMaterials face_materials;
     std::map<std::shared_ptr<SuMaterial>, int> material_slots;  ///< numbers from 0 without gaps; null has one too
     std::vector<int> face_ids;                                  ///< in stream order
     std::vector<Face> faces;                                    ///< as the stream gave them

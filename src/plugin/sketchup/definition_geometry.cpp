@@ -122,14 +122,24 @@ void Definition::SetMaterials() {
     const GeometryStream& stream = SketchupManager::Geometry();
     num_polys = stream.vertex_indices.size() / 3;
     std::vector<int> slot_of_triangle(num_polys, 0);
-    int next_slot = 0;
+    std::vector<std::pair<int, std::shared_ptr<SuMaterial>>> materials;
+    materials.reserve(stream.faces.size());
+    face_ids.reserve(stream.faces.size());
+
+    // Faces in a row often have one material: it is looked up again when another one comes.
+    int next_slot = 0, slot = 0;
+    std::shared_ptr<SuMaterial> material;
     for (const Face& face : stream.faces) {
-        const std::shared_ptr<SuMaterial> material = SketchupManager::GetMaterial(face.face_material_id);
-        face_materials[face.face_id] = material;
+        if (&face == stream.faces.data() || face.face_material_id != (&face)[-1].face_material_id) {
+            material = SketchupManager::GetMaterial(face.face_material_id);
+            slot = SlotOf(material, next_slot);
+        }
+        materials.emplace_back(face.face_id, material);
         face_ids.push_back(face.face_id);
-        faces.push_back(face);
-        FillTriangles(face, SlotOf(material, next_slot), slot_of_triangle);
+        FillTriangles(face, slot, slot_of_triangle);
     }
+    face_materials.Assign(std::move(materials));
+    faces.insert(faces.end(), stream.faces.begin(), stream.faces.end());
     Write(*mesh, ATTR_POLYGON_MATERIAL_INDICES, slot_of_triangle);
 }
 
@@ -151,7 +161,7 @@ bool Definition::TryToRebuildFaceMaterials() {
 
     std::vector<int> slot_of_triangle(num_polys, 0);
     for (const Face& face : faces) {
-        FillTriangles(face, SlotOf(face_materials[face.face_id], next_slot), slot_of_triangle);
+        FillTriangles(face, SlotOf(GetMaterial(face.face_id), next_slot), slot_of_triangle);
     }
     Write(*mesh, ATTR_POLYGON_MATERIAL_INDICES, slot_of_triangle);
     SetMaterialsNames();

@@ -154,7 +154,7 @@ void SketchupManager::SetEditTransform(const Float4x4& edit_transform) {
 
 bool SketchupManager::SetFaceMaterial(int definition_id, int face_id, int material_id, bool apply) {
     const std::shared_ptr<Definition> definition = GetUnproxied(definition_id);
-    if (definition == nullptr || !definition->face_materials.contains(face_id)) return false;
+    if (definition == nullptr || !definition->face_materials.Contains(face_id)) return false;
     definition->SetMaterial(material_id == kNoId ? nullptr : GetMaterial(material_id), face_id);
     if (apply) definition->UpdateMaterials();
     return true;

@@ -41,7 +41,7 @@ public:
 private:
     std::size_t Home(int id) const {
         const auto bits = static_cast<std::uint32_t>(id);
-        return (MixBits(bits >> 3) << 3 | (bits & 7)) & mask_;
+        return (MixBits(bits >> 3, 0) << 3 | (bits & 7)) & mask_;
     }
     void Grow();
 

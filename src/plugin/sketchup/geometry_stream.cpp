@@ -25,8 +25,8 @@ void TryReserve(List& list, std::uint32_t count) {
     }
 }
 
-template <typename Key>
-void TryReserve(WeldTable<Key>& table, std::uint32_t count) {
+template <typename Key, typename Value>
+void TryReserve(WeldTable<Key, Value>& table, std::uint32_t count) {
     if (count > kLargestReservation) return;
     try {
         table.Reserve(count);
@@ -44,7 +44,8 @@ void GeometryStream::Warmup(std::uint32_t point_count, std::uint32_t index_count
     TryReserve(surfaces_, point_count);
     TryReserve(points_, point_count);
     TryReserve(positions_, point_count);
-    TryReserve(normals_by_key_, point_count);
+    TryReserve(keyed_normals_, point_count);
+    TryReserve(more_normals_, point_count);
     TryReserve(normal_indices, index_count);
     TryReserve(uvw_indices, index_count);
     TryReserve(vertex_indices, index_count);
@@ -61,7 +62,8 @@ void GeometryStream::Clear() {
     points_.clear();
     surfaces_.clear();
     positions_.Clear();
-    normals_by_key_.Clear();
+    keyed_normals_.clear();
+    more_normals_.Clear();
     last_position_ = kNone;
 }
 
@@ -69,7 +71,7 @@ void GeometryStream::AddVertex(float x_inches, float y_inches, float z_inches) {
     last_vertex_ = PointFromHost(x_inches, y_inches, z_inches);
     last_position_ = kNone;
     const std::uint32_t place = LatestPosition();
-    int& vertex = positions_[place].value;
+    int& vertex = positions_[place].value.vertex;
     if (vertex < 0) {
         mesh_vertices.push_back(last_vertex_);
         vertex = static_cast<int>(mesh_vertices.size() - 1);
@@ -78,8 +80,24 @@ void GeometryStream::AddVertex(float x_inches, float y_inches, float z_inches) {
 }
 
 std::uint32_t GeometryStream::LatestPosition() {
-    if (last_position_ == kNone) last_position_ = positions_.FindOrInsert(KeyOf(last_vertex_), -1);
+    if (last_position_ == kNone) last_position_ = positions_.FindOrInsert(KeyOf(last_vertex_), {-1, kNone});
     return last_position_;
+}
+
+/// The place of a key's normal; a new key gets one with `initial` as its index.
+std::uint32_t GeometryStream::FindOrInsertNormal(std::uint32_t position, std::uint32_t surface_id, int initial) {
+    const std::uint32_t first = positions_[position].value.first_normal;
+    if (first != kNone && keyed_normals_[first].surface_id == surface_id) return first;
+
+    const auto next = static_cast<std::uint32_t>(keyed_normals_.size());
+    if (first != kNone) {
+        const std::uint32_t entry = more_normals_.FindOrInsert({position, surface_id}, next);
+        const std::uint32_t place = more_normals_[entry].value;
+        if (place != next) return place;
+    }
+    keyed_normals_.push_back({surface_id, initial});
+    if (first == kNone) positions_[position].value.first_normal = next;
+    return next;
 }
 
 int GeometryStream::AppendNormal(const Vec3<float>& normal) {
@@ -91,19 +109,19 @@ void GeometryStream::AddNormal(float x, float y, float z, int surface_id) {
     const Vec3<float> normal = DirectionFromHost(x, y, z);
     const std::uint32_t position = LatestPosition();
     auto surface = static_cast<std::uint32_t>(surface_id);
-    std::uint32_t place = normals_by_key_.FindOrInsert({position, surface}, -1);
+    std::uint32_t place = FindOrInsertNormal(position, surface, -1);
 
-    const int known = normals_by_key_[place].value;
+    const int known = keyed_normals_[place].normal;
     if (known < 0) {
-        normals_by_key_[place].value = AppendNormal(normal);
+        keyed_normals_[place].normal = AppendNormal(normal);
     } else {
         const Vec3<float>& shared = normals[static_cast<std::size_t>(known)];
         const float dot = shared.x * normal.x + shared.y * normal.y + shared.z * normal.z;
         if (std::fabs(dot) <= kRightAngleLimit) {
             // A hard edge: the newest normal takes the key beyond it, whatever stood there.
             surface += kHardEdgeOffset;
-            place = normals_by_key_.FindOrInsert({position, surface}, -1);
-            normals_by_key_[place].value = AppendNormal(normal);
+            place = FindOrInsertNormal(position, surface, -1);
+            keyed_normals_[place].normal = AppendNormal(normal);
         }
     }
     surfaces_.push_back({surface, position, place});
@@ -128,9 +146,9 @@ bool GeometryStream::AddNormalIndex(std::uint32_t point_number) {
     // Where calls were not paired, the point and the surface of one number belong to different positions: their key is
     // looked up, and a key that nobody has given a normal to is bound to the first one.
     if (surface.position != points_[point].position) {
-        place = normals_by_key_.FindOrInsert({points_[point].position, surface.surface_id}, 0);
+        place = FindOrInsertNormal(points_[point].position, surface.surface_id, 0);
     }
-    normal_indices.push_back(normals_by_key_[place].value);
+    normal_indices.push_back(keyed_normals_[place].normal);
     return true;
 }
 

@@ -64,14 +64,24 @@ private:
     struct PositionKey {
         std::uint32_t x, y, z;
         friend bool operator==(const PositionKey&, const PositionKey&) = default;
-        std::uint64_t Hash() const { return MixBits(MixBits(x | std::uint64_t{y} << 32) + z); }
+        std::uint64_t Hash() const { return MixBits(x | std::uint64_t{y} << 32, z); }
     };
     /// A position with a surface; again no two pairs could be mistaken for one another if they were written in a row.
     struct NormalKey {
         std::uint32_t position;  ///< place in positions_
         std::uint32_t surface_id;
         friend bool operator==(const NormalKey&, const NormalKey&) = default;
-        std::uint64_t Hash() const { return MixBits(position | std::uint64_t{surface_id} << 32); }
+        std::uint64_t Hash() const { return MixBits(position, surface_id); }
+    };
+    /// What stands at a position.
+    struct Position {
+        int vertex;                  ///< index in mesh_vertices, -1 for none
+        std::uint32_t first_normal;  ///< place in keyed_normals_, kNone for none
+    };
+    /// A normal by its key. The first one of a position is found there, further ones through more_normals_.
+    struct KeyedNormal {
+        std::uint32_t surface_id;
+        int normal;  ///< index in normals
     };
     /// A point as the script layer numbers them.
     struct Point {
@@ -82,23 +92,25 @@ private:
     struct Surface {
         std::uint32_t surface_id;
         std::uint32_t position;  ///< place in positions_ that the normal was given for
-        std::uint32_t normal;    ///< place in normals_by_key_
+        std::uint32_t normal;    ///< place in keyed_normals_
     };
 
     static PositionKey KeyOf(const Vec3<float>& position) {
         return {CoordinateKey(position.x), CoordinateKey(position.y), CoordinateKey(position.z)};
     }
     std::uint32_t LatestPosition();
+    std::uint32_t FindOrInsertNormal(std::uint32_t position, std::uint32_t surface_id, int initial);
     int AppendNormal(const Vec3<float>& normal);
 
     static constexpr std::uint32_t kNone = 0xffffffff;
 
     std::vector<Point> points_;
     std::vector<Surface> surfaces_;
-    WeldTable<PositionKey> positions_;     ///< value: index in mesh_vertices, -1 for a position without one
-    WeldTable<NormalKey> normals_by_key_;  ///< value: index in normals
-    Vec3<float> last_vertex_;              ///< stays from one stream to the next
-    std::uint32_t last_position_ = kNone;  ///< its place in positions_, when it has one
+    std::vector<KeyedNormal> keyed_normals_;
+    WeldTable<PositionKey, Position> positions_;
+    WeldTable<NormalKey, std::uint32_t> more_normals_;  ///< value: place in keyed_normals_
+    Vec3<float> last_vertex_;                           ///< stays from one stream to the next
+    std::uint32_t last_position_ = kNone;               ///< its place in positions_, when it has one
 };
 
 }  // namespace Velmar

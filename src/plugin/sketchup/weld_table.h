@@ -7,88 +7,97 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <stdexcept>
 #include <vector>
 
 namespace Velmar {
 
-/// Mixes 64 bits so that each one reaches all of the result (finalizer of the 64-bit MurmurHash3, Appleby 2011).
-inline std::uint64_t MixBits(std::uint64_t bits) {
-    bits ^= bits >> 33;
-    bits *= 0xff51afd7ed558ccdULL;
-    bits ^= bits >> 33;
-    bits *= 0xc4ceb9fe1a85ec53ULL;
-    return bits ^ (bits >> 33);
+/// 64 well-mixed bits of two numbers: both halves of their product, folded (the multiply-and-fold step of wyhash, Wang
+/// 2019). The constants keep small numbers from making small products.
+inline std::uint64_t MixBits(std::uint64_t a, std::uint64_t b) {
+    __extension__ using Wide = unsigned __int128;
+    const Wide product = static_cast<Wide>(a ^ 0xa0761d6478bd642fULL) * (b ^ 0xe7037ed1a0b428dbULL);
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
 }
 
-/// A map from keys to ints. `Key` has operator== and Hash(), 64 well-mixed bits.
-template <typename Key>
+/// A map from keys to values. `Key` has operator== and Hash(), 64 well-mixed bits.
+template <typename Key, typename Value>
 class WeldTable {
 public:
     struct Entry {
         Key key;
-        int value;
+        Value value;
     };
 
     /// The place of the key's entry; a new key gets one with `initial` as its value.
-    std::uint32_t FindOrInsert(const Key& key, int initial) {
+    std::uint32_t FindOrInsert(const Key& key, const Value& initial) {
         if (entries_.size() >= limit_) Grow();
         const std::uint64_t hash = key.Hash();
-        const auto tag = static_cast<std::uint32_t>(hash >> 32);
+        const std::uint32_t tag = TagOf(hash);
         for (std::size_t i = hash & mask_;; i = (i + 1) & mask_) {
-            Slot& slot = slots_[i];
-            if (slot.place_plus_one == 0) {
+            const std::uint32_t slot = slots_[i];
+            const std::uint32_t place = (slot & static_cast<std::uint32_t>(mask_)) - 1;
+            if (slot == 0) {
                 entries_.push_back({key, initial});
-                slot = {tag, static_cast<std::uint32_t>(entries_.size())};
-                return slot.place_plus_one - 1;
+                slots_[i] = tag | static_cast<std::uint32_t>(entries_.size());
+                return static_cast<std::uint32_t>(entries_.size() - 1);
             }
-            if (slot.tag == tag && entries_[slot.place_plus_one - 1].key == key) return slot.place_plus_one - 1;
+            if ((slot & ~static_cast<std::uint32_t>(mask_)) == tag && entries_[place].key == key) return place;
         }
     }
 
     Entry& operator[](std::uint32_t place) { return entries_[place]; }
     std::size_t size() const { return entries_.size(); }
 
-    /// Makes room for `count` entries, so that none of them allocates.
+    /// Makes room for `count` entries, so that none of them allocates, and sets out with a part of their slots, as many
+    /// keys may be alike.
     void Reserve(std::size_t count) {
         entries_.reserve(count);
-        slots_.reserve(std::max(kFirstSlots, std::bit_ceil(2 * count)));
+        const std::size_t slots = std::max(kFirstSlots, std::bit_ceil(count * 8 / 5 + 1));
+        slots_.reserve(slots);
+        if (!entries_.empty() || slots / 8 <= kFirstSlots) return;
+        mask_ = std::min(slots / 8, kMostFirstSlots) - 1;
+        if (slots_.size() <= mask_) slots_.resize(mask_ + 1);
+        limit_ = LimitOf(mask_ + 1);
     }
 
     /// Drops all entries in a time that their number bounds; the memory stays.
     void Clear() {
-        if (!entries_.empty()) std::fill_n(slots_.begin(), mask_ + 1, Slot{});
+        if (!entries_.empty()) std::fill_n(slots_.begin(), mask_ + 1, 0u);
         entries_.clear();
         mask_ = kFirstSlots - 1;
-        limit_ = slots_.empty() ? 0 : kFirstSlots / 2;
+        limit_ = slots_.empty() ? 0 : LimitOf(kFirstSlots);
     }
 
 private:
-    struct Slot {
-        std::uint32_t tag = 0;             ///< upper half of the key's hash
-        std::uint32_t place_plus_one = 0;  ///< 0 for a free slot
-    };
     static constexpr std::size_t kFirstSlots = 1024;
+    static constexpr std::size_t kMostFirstSlots = 1 << 20;
+    static constexpr std::size_t kMostSlots = std::size_t{1} << 31;
 
-    /// Doubles the slots in use, at most half of which are ever taken. All slots beyond them are free.
+    static std::size_t LimitOf(std::size_t slots) { return slots / 8 * 5; }
+    /// The upper bits of a slot, those that its place leaves free, tell most keys apart without a look at the entry.
+    std::uint32_t TagOf(std::uint64_t hash) const {
+        return static_cast<std::uint32_t>(hash >> 32) & ~static_cast<std::uint32_t>(mask_);
+    }
+
+    /// Doubles the slots in use. All slots beyond them are free.
     void Grow() {
-        if (entries_.size() >= std::numeric_limits<std::int32_t>::max()) throw std::length_error("too many points");
         const std::size_t count = slots_.empty() ? kFirstSlots : 2 * (mask_ + 1);
+        if (count > kMostSlots) throw std::length_error("too many points");
         if (slots_.size() < count) slots_.resize(count);
-        std::fill_n(slots_.begin(), count / 2, Slot{});
+        std::fill_n(slots_.begin(), count / 2, 0u);
         mask_ = count - 1;
-        limit_ = count / 2;
+        limit_ = LimitOf(count);
         for (std::size_t place = 0; place < entries_.size(); ++place) {
             const std::uint64_t hash = entries_[place].key.Hash();
             std::size_t i = hash & mask_;
-            while (slots_[i].place_plus_one != 0) i = (i + 1) & mask_;
-            slots_[i] = {static_cast<std::uint32_t>(hash >> 32), static_cast<std::uint32_t>(place + 1)};
+            while (slots_[i] != 0) i = (i + 1) & mask_;
+            slots_[i] = TagOf(hash) | static_cast<std::uint32_t>(place + 1);
         }
     }
 
     std::vector<Entry> entries_;
-    std::vector<Slot> slots_;
+    std::vector<std::uint32_t> slots_;  ///< 0 for a free one, else a tag and, in the bits of mask_, a place plus one
     std::size_t mask_ = kFirstSlots - 1;
     std::size_t limit_ = 0;  ///< entries at which the slots in use are too few
 };

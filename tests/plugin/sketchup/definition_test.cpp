@@ -187,7 +187,7 @@ TEST_F(DefinitionTest, ANewStreamReplacesTheMeshAndForgetsItsSlots) {
     EXPECT_NE(definition->mesh, old_mesh);
     EXPECT_EQ(definition->material_slots.size(), 1u);
     EXPECT_EQ(definition->faces.size(), 1u);
-    EXPECT_EQ(definition->face_materials.size(), 1u);
+    EXPECT_EQ(definition->face_materials.Size(), 1u);
     EXPECT_THAT(definition->face_ids, ElementsAre(1));
     EXPECT_TRUE(definition->mesh_maps.empty());
     EXPECT_EQ(ApiProjectManager::rootNodeGraph()->findFirstNode(NODE_SCATTER), nullptr);
@@ -281,7 +281,7 @@ TEST_F(DefinitionTest, PaintingNeedsAKnownFaceAndTreatsUnknownMaterialsAsNone) {
     EXPECT_FALSE(SketchupManager::SetFaceMaterial(1, 1, 10, true)) << "no faces yet";
     ASSERT_TRUE(stream(1, {10}));
     EXPECT_FALSE(SketchupManager::SetFaceMaterial(1, 2, 10, true));
-    EXPECT_EQ(definition->face_materials.size(), 1u);
+    EXPECT_EQ(definition->face_materials.Size(), 1u);
     EXPECT_TRUE(SketchupManager::SetFaceMaterial(1, 1, 99, false));
     EXPECT_EQ(definition->GetMaterial(1), nullptr);
     EXPECT_TRUE(SketchupManager::SetFaceMaterial(1, 1, 10, false));
@@ -293,10 +293,10 @@ TEST_F(DefinitionTest, PaintingNeedsAKnownFaceAndTreatsUnknownMaterialsAsNone) {
 TEST_F(DefinitionTest, SetMaterialInsertsAndLookingUpDoesNot) {
     const auto definition = addDefinition(1);
     EXPECT_EQ(definition->GetMaterial(5), nullptr);
-    EXPECT_TRUE(definition->face_materials.empty());
+    EXPECT_EQ(definition->face_materials.Size(), 0u);
     definition->SetMaterial(nullptr, 5);
     EXPECT_FALSE(definition->materials_dirty) << "no material replaced none";
-    EXPECT_EQ(definition->face_materials.size(), 1u);
+    EXPECT_EQ(definition->face_materials.Size(), 1u);
     definition->SetMaterial(std::make_shared<SuMaterial>(1), 5);
     EXPECT_TRUE(definition->materials_dirty);
 }
@@ -314,7 +314,7 @@ TEST_F(DefinitionTest, MaterialIdsAreAnsweredForFacesAndInstances) {
     EXPECT_EQ(SketchupManager::GetMaterialId(1, 6, false), -1);
     EXPECT_EQ(SketchupManager::GetMaterialId(1, 1, false), -1) << "a definition has no material";
     EXPECT_EQ(SketchupManager::GetMaterialId(9, 1, true), -1);
-    EXPECT_EQ(SketchupManager::GetDefinition(1)->face_materials.size(), 2u) << "asking inserts nothing";
+    EXPECT_EQ(SketchupManager::GetDefinition(1)->face_materials.Size(), 2u) << "asking inserts nothing";
     SketchupManager::GetDefinition(1)->proxy = std::make_shared<Proxy>(nullptr, "a.obj");
     EXPECT_EQ(SketchupManager::GetMaterialId(1, 1, true), -1);
 }

@@ -360,10 +360,26 @@ std::size_t LongestRun(std::size_t count, HashOf hash_of) {
 
 TEST(GeometryStream, RegularPatternsOfKeysDoNotClusterInTheTable) {
     constexpr std::size_t count = 1 << 17;
-    for (unsigned shift = 0; shift <= 40; ++shift) {
-        EXPECT_LT(LongestRun(count, [&](std::size_t i) { return MixBits(std::uint64_t{i} << shift); }), 150u) << shift;
+    constexpr std::size_t longest = 300;
+    for (unsigned shift = 0; shift <= 47; ++shift) {
+        const auto first = [&](std::size_t i) { return MixBits(std::uint64_t{i} << shift, 7); };
+        const auto second = [&](std::size_t i) { return MixBits(0x12345678u, std::uint64_t{i} << shift); };
+        EXPECT_LT(LongestRun(count, first), longest) << shift;
+        EXPECT_LT(LongestRun(count, second), longest) << shift;
     }
-    EXPECT_LT(LongestRun(count, [](std::size_t i) { return MixBits((i & 511) | (i >> 9) << 32); }), 150u);
+    // Coordinates on a grid, in two of the three, and the same with the sign bit.
+    for (const std::uint64_t step : {1u, 1000u, 1u << 16, 7300u, 1u << 20}) {
+        for (const std::uint64_t sign : {0u, 0x80000000u}) {
+            const auto xy = [&](std::size_t i) {
+                return MixBits((i & 511) * step | ((i >> 9) * step | sign) << 32, sign);
+            };
+            const auto xz = [&](std::size_t i) {
+                return MixBits(((i & 511) * step) | sign << 32, (i >> 9) * step | sign);
+            };
+            EXPECT_LT(LongestRun(count, xy), longest) << step;
+            EXPECT_LT(LongestRun(count, xz), longest) << step;
+        }
+    }
 }
 
 }  // namespace

@@ -19,6 +19,7 @@
 #include "plugin/sketchup/instance.h"
 #include "plugin/sketchup/mesh_material_map.h"
 #include "plugin/sketchup/su_manager.h"
+#include "plugin/velmar/render_targets.h"
 #include "plugin/velmar/vel_manager.h"
 #include "support/embedded_ruby.h"
 
@@ -30,6 +31,8 @@ class MirrorTest : public RubyTest {
 protected:
     void SetUp() override {
         ASSERT_TRUE(apiMode_Shared_start("test", false, nullptr, nullptr, nullptr));
+        // Each test has an SDK life of its own; the nodes of the last one are gone.
+        RenderTargets::Shared().nodes.clear();
         VelmarManager::CreateRenderTarget();
         ASSERT_TRUE(SketchupManager::Init());
     }
