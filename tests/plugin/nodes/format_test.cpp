@@ -84,15 +84,16 @@ TEST_F(FormatItemsTest, HaveATextForNull) {
 }
 
 TEST_F(FormatItemsTest, TellTypeQuotedNamePinsAndUsersOfANode) {
-    ApiNode* const image = Make(NODE_IMAGE, "A \"b\"\n");
-    EXPECT_EQ(Text(static_cast<const ApiNode*>(image)),
-              Address(image) + " VELMAR_IMAGE \"A \\\"b\\\"\\n\" in 4/4 out 0");
+    ApiNode* const number = Make(NODE_FLOAT, "A \"b\"\n");
+    EXPECT_EQ(Text(static_cast<const ApiNode*>(number)),
+              Address(number) + " VELMAR_FLOAT \"A \\\"b\\\"\\n\" in 0/0 out 0");
     ApiNode* const multiply = Make(NODE_MULTIPLY_TEXTURE, "M");
-    multiply->connectTo(PIN_TEXTURE_1, image, true, false);
+    multiply->connectTo(PIN_TEXTURE_1, number, true, false);
     multiply->connectTo(PIN_TEXTURE_2, nullptr, true, false);
     EXPECT_EQ(Text(multiply), Address(multiply) + " VELMAR_MULTIPLY \"M\" in 1/2 out 0");
-    multiply->connectTo(PIN_TEXTURE_2, image, true, false);
-    EXPECT_THAT(Text(image), testing::EndsWith(" in 4/4 out 2"));
+    multiply->connectTo(PIN_TEXTURE_2, number, true, false);
+    EXPECT_THAT(Text(number), testing::EndsWith(" in 0/0 out 2"));
+    EXPECT_THAT(Text(multiply), testing::EndsWith(" in 2/2 out 0"));
 }
 
 TEST_F(FormatItemsTest, TellTypeAndQuotedNameOfAGraph) {
