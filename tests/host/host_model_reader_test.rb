@@ -130,6 +130,21 @@ class HostModelReaderTest < Minitest::Test
     assert_equal "pages[0]: 'target' is missing", error_of(document(pages: [{ eye: [0, 0, 0] }]))
   end
 
+  def test_a_page_that_no_camera_can_show_is_refused
+    page = { name: 'P', eye: [0, 0, 0], target: [1, 0, 0], fov: 35 }
+    assert_equal 'pages[0].target: is the eye', error_of(document(pages: [page.merge(target: [0, 0, 0])]))
+    [-500, 0, 171].each do |fov|
+      assert_equal 'pages[0].fov: must be between 1.0 and 170.0', error_of(document(pages: [page.merge(fov: fov)]))
+    end
+    flat = page.merge(parallel: true, height: 0)
+    assert_match(/\Apages\[0\]\.height: must be between/, error_of(document(pages: [flat])))
+  end
+
+  def test_a_material_id_is_used_once
+    paint = { id: 7, name: 'Red' }
+    assert_equal 'materials[1].id: 7 is used twice', error_of(document(materials: [paint, paint]))
+  end
+
   def test_hidden_faces_alone_make_an_empty_model
     face = triangle[:faces].first.merge(hidden: true)
     assert_match(/the model is empty/, error_of(document(root: { faces: [face] })))

@@ -90,6 +90,23 @@ class RenderJobTest < Minitest::Test
     assert_empty @recorder.calls
   end
 
+  def test_an_interruption_before_the_first_sample_saves_nothing
+    engine = Engine.new
+    interruption = @interruption
+    engine.define_singleton_method(:pump_events) { interruption.ask }
+    engine.define_singleton_method(:progress) { super().merge(samples: 0) }
+    error = assert_raises(VelmarHost::Stopped) { run_job(engine) }
+    assert_equal 'stopped before there was a picture', error.message
+    assert_nil engine.saved
+  end
+
+  def test_a_time_limit_waits_for_the_first_sample
+    engine = Engine.new
+    engine.define_singleton_method(:progress) { super().merge(samples: [0, @waits.size - 2].max) }
+    assert_equal 'out.png', run_job(engine, samples: 1000, seconds: 1e-6).saved
+    assert_equal 3, engine.waits.size
+  end
+
   def test_a_failed_save_names_file_and_reason
     engine = Engine.new([:samples_reached])
     engine.failure = 'disk full'

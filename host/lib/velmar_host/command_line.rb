@@ -125,7 +125,7 @@ module VelmarHost
         @order.target = point('--target', text)
       end
       options.on('--fov DEGREES', Float, "vertical field of view, #{Framing::FOV_DEGREES.round} by itself") do |degrees|
-        @order.fov = between('--fov', degrees, 1.0, 170.0)
+        @order.fov = between('--fov', degrees, *Framing::FOV_RANGE)
       end
     end
 

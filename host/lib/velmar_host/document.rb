@@ -58,6 +58,11 @@ module VelmarHost
       @value
     end
 
+    def between(least, most)
+      fail("must be between #{least} and #{most}") unless number.between?(least, most)
+      @value
+    end
+
     def flag
       fail('must be true or false') unless [true, false].include?(@value)
       @value

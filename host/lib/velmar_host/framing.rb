@@ -8,6 +8,7 @@ module VelmarHost
   # that the model just fills the picture.
   module Framing
     FOV_DEGREES = 35.0
+    FOV_RANGE = [1.0, 170.0].freeze
     AZIMUTH_DEGREES = 35.0               # to the right of the front, which looks along -y
     AZIMUTH_OF_DEEP_DEGREES = 55.0       # shows the long side of what is deeper than wide
     DEEP = 1.25                          # depth / width from which on that is so

@@ -3,6 +3,7 @@
 require 'json'
 
 require_relative 'document'
+require_relative 'framing'
 require_relative 'model'
 require_relative 'texture_finder'
 
@@ -34,7 +35,7 @@ module VelmarHost
 
     def model
       check_kind
-      @materials = @document.each('materials').to_h { |entry| [entry['id'].integer, read_material(entry)] }
+      read_materials
       layers = @document.each('layers').map { |entry| read_layer(entry) }
       pages = @document.each('pages').map { |entry| read_page(entry) }
       read_definitions
@@ -60,6 +61,15 @@ module VelmarHost
       axis.fail("only 'z' is supported") if axis && axis.value != 'z'
     end
 
+    def read_materials
+      @materials = {}
+      @document.each('materials').each do |entry|
+        id = entry['id'].integer
+        entry['id'].fail("#{id} is used twice") if @materials.key?(id)
+        @materials[id] = read_material(entry)
+      end
+    end
+
     def read_material(entry)
       texture = entry.optional('texture')
       Material.new(name: entry.optional('name')&.text.to_s, opacity: entry.optional('opacity')&.number || 1.0,
@@ -81,10 +91,15 @@ module VelmarHost
 
     def read_camera(entry)
       parallel = flag(entry, 'parallel')
-      Camera.new(eye: entry['eye'].numbers(size: 3), target: entry['target'].numbers(size: 3),
-                 up: entry.optional('up')&.numbers(size: 3) || [0, 0, 1], parallel: parallel,
-                 fov: parallel ? entry.optional('fov')&.number : entry['fov'].number,
-                 height: parallel ? entry['height'].number : entry.optional('height')&.number)
+      camera = Camera.new(eye: entry['eye'].numbers(size: 3), target: entry['target'].numbers(size: 3),
+                          up: entry.optional('up')&.numbers(size: 3) || [0, 0, 1], parallel: parallel)
+      entry['target'].fail('is the eye') if camera.eye == camera.target
+      if parallel
+        camera.height = entry['height'].between(1e-6, Document::LARGEST)
+      else
+        camera.fov = entry['fov'].between(*Framing::FOV_RANGE)
+      end
+      camera
     end
 
     def read_definitions

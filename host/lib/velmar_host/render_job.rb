@@ -11,6 +11,7 @@ require_relative 'view_sender'
 module VelmarHost
   # Makes one picture of one model file: reads it, frames it, streams it to the plug-in, waits for the samples and saves.
   class RenderJob
+    STOPPED_EARLY = 'stopped before there was a picture'
     LONGEST_WAIT_SECONDS = 0.25    # between two looks at the progress and the user's wishes
 
     # What to make. `eye`, `target` and `fov` (vertical, degrees) are nil where the model or the framing decides; `seconds`
@@ -40,7 +41,7 @@ module VelmarHost
     def read
       @report.say "Reading #{@order.model}"
       model = Readers.read(@order.model, warn: @warn)
-      raise Stopped, 'stopped before there was a picture' if @interruption.asked?
+      raise Stopped, STOPPED_EARLY if @interruption.asked?
 
       model
     end
@@ -96,7 +97,7 @@ module VelmarHost
         progress = @engine.progress
         @report.at(progress[:samples], format('%.1f s', now - started))
         raise Error, 'the render engine has nothing to render' if result == :nothing_to_render
-        break if result == :samples_reached || @interruption.asked? || out_of_time?(started)
+        break if result == :samples_reached || @interruption.asked? || (progress[:samples].positive? && out_of_time?(started))
       end
       @report.finish
     end
@@ -113,6 +114,8 @@ module VelmarHost
 
     def save
       progress = @engine.progress
+      raise Stopped, STOPPED_EARLY if progress[:samples].zero? && @interruption.asked?
+
       reason = @engine.save_picture(@order.output)
       raise Error, "#{@order.output}: #{reason}" if reason
 

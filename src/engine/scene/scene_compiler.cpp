@@ -13,10 +13,11 @@ namespace Velmar::Engine {
 
 namespace {
 
-// Deeper nests of geometry nodes are cut off, and so are scenes of more lists: a few nodes wired to one another many
-// times over could otherwise stand for more than any machine holds.
+// Deeper nests of geometry nodes are cut off, and so are scenes of more lists or of more ways to a node: a few nodes
+// wired to one another many times over could otherwise stand for more than any machine holds.
 constexpr int kDeepestGeometry = 64;
 constexpr std::size_t kMostLists = std::size_t{1} << 20;
+constexpr std::size_t kMostVisits = std::size_t{1} << 24;
 
 template <typename T>
 std::span<const T> view(const SharedArray<T>& array) {
@@ -41,6 +42,7 @@ std::shared_ptr<const RenderGeometry> SceneCompiler::geometryOf(const ApiNode& r
     for (auto& [node, entry] : meshes_) entry.current = false;
     for (auto& [route, entry] : lists_) entry.current = false;
     collected_.clear();
+    visits_ = 0;
     Route scatters;
     collect(render_target.inputNode(PIN_RENDER_GEOMETRY), scatters, 0);
     forgetWhatIsGone();
@@ -58,6 +60,7 @@ std::shared_ptr<const std::optional<CameraSettings>> SceneCompiler::cameraOf(con
 
 void SceneCompiler::collect(const ApiNode* node, Route& scatters, int depth) {
     if (node == nullptr || depth > kDeepestGeometry || collected_.size() >= kMostLists) return;
+    if (++visits_ > kMostVisits) return;
     switch (node->type()) {
         case NODE_GEOMETRY_GROUP:
             for (unsigned pin = 0; pin < node->pinCount(); ++pin) collect(inputNodeIx(node, pin), scatters, depth + 1);

@@ -61,6 +61,7 @@ private:
     std::unordered_map<const ApiNode*, MeshEntry> meshes_;
     std::map<Route, ListEntry> lists_;
     std::vector<std::shared_ptr<const PlacementList>> collected_;
+    std::size_t visits_ = 0;  ///< nodes looked at in this collection, once for each way to them
     std::shared_ptr<const RenderScene> scene_;
     SceneWork work_;
 };

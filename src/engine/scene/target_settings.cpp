@@ -78,8 +78,9 @@ std::optional<CameraSettings> readCamera(const ApiNode& render_target) {
 }
 
 FilmSize readFilmSize(const ApiNode& render_target) {
+    // Film settings say; without them the render target's own resolution counts.
     const ApiNode* film = render_target.inputNode(PIN_FILM_SETTINGS);
-    if (film == nullptr || !film->hasPin(PIN_RESOLUTION)) return kDefaultFilm;
+    if (film == nullptr || !film->hasPin(PIN_RESOLUTION)) film = &render_target;
     const Vec2<int> wished = film->getPinInt2(PIN_RESOLUTION);
     if (wished.x <= 0 || wished.y <= 0) return {};
     const double width = wished.x, height = wished.y;

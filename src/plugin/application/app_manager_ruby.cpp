@@ -35,7 +35,9 @@ Ruby::Value AppManagerExt::Debug(Ruby::Value, Ruby::Value message) {
 }
 
 Ruby::Value AppManagerExt::Log(Ruby::Value, Ruby::Value message, Ruby::Value level) {
-    if (isLogged(Ruby::to_int(level))) LOG(INFO) << "Ruby: " << Ruby::to_cstr(message);
+    if (!isLogged(Ruby::to_int(level))) return Qtrue;
+    const std::string text = Ruby::to_cstr(message);
+    LOG(INFO) << "Ruby: " << text;
     return Qtrue;
 }
 

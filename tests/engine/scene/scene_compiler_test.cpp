@@ -256,7 +256,21 @@ TEST_F(SceneCompilerTest, GroupsThatMultiplyBeyondMeasureAreCutOff) {
     EXPECT_LE(contentsOf(*compile()).placements, std::uint64_t{1} << 20);
 }
 
-TEST_F(SceneCompilerTest, ReadsEachPinOfTheThinLensCamera) {
+TEST_F(SceneCompilerTest, EmptyGroupsThatMultiplyBeyondMeasureAreCutOff) {
+    // Forty groups, each held twice by the next, with nothing at the end: 2 to the power 40 ways to look.
+    ApiNode* node = create(NODE_GEOMETRY_GROUP);
+    for (int level = 0; level < 40; ++level) {
+        ApiNode* above = create(NODE_GEOMETRY_GROUP);
+        above->set(ATTR_PIN_COUNT, 2, true);
+        above->connectToIx(0, node, true, false);
+        above->connectToIx(1, node, true, false);
+        node = above;
+    }
+    target->connectTo(PIN_RENDER_GEOMETRY, node, true, false);
+    EXPECT_EQ(contentsOf(*compile()).placements, 0u);
+}
+
+TEST_F(SceneCompilerTest, ReadsThePinsOfTheThinLensCameraThatItKnows) {
     EXPECT_FALSE(readCamera(*target));
     ApiNode* camera = target->createInternal(PIN_CAMERA, NODE_THIN_LENS_CAMERA, true, true);
     camera->setPinValue(PIN_POSITION, Float3{1, 2, 3}, true);
@@ -315,7 +329,9 @@ TEST_F(SceneCompilerTest, CameraNumbersThatAreNotFiniteChangeNothingForEver) {
 }
 
 TEST_F(SceneCompilerTest, FilmHasTheSizeOfItsSettingsWithinReason) {
-    EXPECT_EQ(readFilmSize(*target), kDefaultFilm);
+    EXPECT_EQ(readFilmSize(*target), (FilmSize{1000, 600}));
+    target->setPinValue(PIN_RESOLUTION, Vec2<int>{320, 200}, true);
+    EXPECT_EQ(readFilmSize(*target), (FilmSize{320, 200})) << "without film settings the target's own size counts";
     ApiNode* film = target->createInternal(PIN_FILM_SETTINGS, NODE_FILM_SETTINGS, true, true);
     const auto sizeFor = [&](Vec2<int> size) {
         film->setPinValue(PIN_RESOLUTION, size, true);

@@ -66,6 +66,13 @@ class LogTest < VelmarTest::PluginTest
     assert_equal "1", ruby_messages.last
   end
 
+  def test_a_message_that_is_no_text_leaves_no_line
+    before = message_lines.size
+    assert_raises(TypeError) { VelmarExt.log(17, -1) }
+    assert_raises(ArgumentError) { VelmarExt.log("a\0b", -1) }
+    assert_equal before, message_lines.size
+  end
+
   def test_the_level_is_read_before_the_message
     error = assert_raises(TypeError) { VelmarExt.log(17, "level") }
     assert_match(/String into Integer/, error.message)
