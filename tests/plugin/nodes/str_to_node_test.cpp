@@ -55,7 +55,7 @@ TEST_F(StrToNodeTest, KeepsTheNameOfAFreshNodeWhenTheRecordHasNone) {
 }
 
 TEST_F(StrToNodeTest, WritesAllAttributesAndThenEvaluatesOnce) {
-    const auto operations = Operations([this] {
+    const auto operations = Operations([] {
         FromRecord(Parse(R"({"type":27,"name":"T","params":[
             {"type":8,"name":"translation","translation":{"x":1,"y":2,"z":3}}, null, {"type":13,"name":"transform"},
             {"type":8,"name":"scale","scale":{"x":2,"y":2,"z":2}}]})"));
@@ -67,14 +67,14 @@ TEST_F(StrToNodeTest, WritesAllAttributesAndThenEvaluatesOnce) {
 }
 
 TEST_F(StrToNodeTest, EvaluatesANodeWhoseListOfAttributesIsEmptyButNotOneWithoutAList) {
-    EXPECT_THAT(Operations([this] { FromRecord(Parse(R"({"type":31,"params":[]})")); }),
+    EXPECT_THAT(Operations([] { FromRecord(Parse(R"({"type":31,"params":[]})")); }),
                 ElementsAre(testing::StartsWith("create"), testing::StartsWith("evaluate")));
-    EXPECT_THAT(Operations([this] { FromRecord(Parse(R"({"type":31,"params":null})")); }),
+    EXPECT_THAT(Operations([] { FromRecord(Parse(R"({"type":31,"params":null})")); }),
                 ElementsAre(testing::StartsWith("create")));
 }
 
 TEST_F(StrToNodeTest, ConnectsFreeChildrenAndMakesPinOwnedOnesInPlace) {
-    const auto operations = Operations([this] {
+    const auto operations = Operations([] {
         FromRecord(Parse(R"({"type":16,"name":"M","nodes":[
             {"type":34,"pin_owned":false,"info":{"name":"bump"}},
             {"type":31,"pin_owned":true,"info":{"name":"roughness"}},
