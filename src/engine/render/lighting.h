@@ -6,12 +6,12 @@
 namespace Velmar::Engine {
 
 struct Lighting {
-    Float3 zenith_radiance{0.125f, 0.185f, 0.285f};
-    Float3 horizon_radiance{0.60f, 0.645f, 0.68f};
-    Float3 ground_radiance{0.30f, 0.305f, 0.315f};  ///< of the half of the dome below the horizon
-    Float3 sun_direction{-0.70f, 0.64f, 0.32f};     ///< towards the sun, any length but 0
-    Float3 sun_irradiance{2.40f, 2.10f, 1.72f};     ///< on a plane that faces the sun; 0 for no sun
-    float sun_radius_degrees = 0.6f;                ///< half of the sun's angle; below 90
+    Float3 zenith_radiance{0.11f, 0.18f, 0.31f};
+    Float3 horizon_radiance{0.46f, 0.51f, 0.56f};
+    Float3 ground_radiance{0.23f, 0.23f, 0.235f};  ///< of the half of the dome below the horizon
+    Float3 sun_direction{-0.56f, 0.60f, 0.57f};    ///< towards the sun, any length but 0
+    Float3 sun_irradiance{2.90f, 2.52f, 2.02f};    ///< on a plane that faces the sun; 0 for no sun
+    float sun_radius_degrees = 0.6f;               ///< half of the sun's angle; below 90
 };
 
 /// Radiance from a direction, and directions towards the sun. Immutable.
