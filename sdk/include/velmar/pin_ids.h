@@ -21,7 +21,7 @@ enum PinId : std::int32_t {
     PIN_COHERENT_RATIO = 25,           ///< float, 0 to 1: share of samples that neighbours have in common
     PIN_DAY = 27,                      ///< int, 1 to 31
     PIN_DIFFUSE_DEPTH_DIRECT = 29,     ///< int: diffuse bounces of the direct light kernel
-    PIN_DIFFUSE = 30,                  ///< texture: colour of every material but the specular one
+    PIN_DIFFUSE = 30,                  ///< texture: colour of a material; the specular, mix and portal ones have none
     PIN_DIRECT_LIGHT_IMPORTANCE = 32,  ///< float, 0 to 1
     PIN_DISPLACEMENT = 34,             ///< a node that holds an image on PIN_TEXTURE
     PIN_DISTORTION = 35,               ///< float, -1 to 1: lens distortion
@@ -70,7 +70,7 @@ enum PinId : std::int32_t {
     PIN_PIXEL_ASPECT_RATIO = 132,       ///< float: height over width of a pixel
     PIN_POSITION = 133,                 ///< float3, metres: camera position
     PIN_POSTPROC = 136,                 ///< post-processing of a render target
-    PIN_POWER = 138,                    ///< float: power of an environment or an image
+    PIN_POWER = 138,                    ///< float: power of an environment, an emission or an image
     PIN_RAY_EPSILON = 144,              ///< float, metres: distance at which a ray starts
     PIN_REFLECTION = 145,               ///< texture: colour of the specular material
     PIN_RESOLUTION = 198,               ///< int2, pixels: width and height
@@ -79,7 +79,7 @@ enum PinId : std::int32_t {
     PIN_SKY_COLOR = 217,                ///< float3: linear RGB
     PIN_SMOOTH = 218,                   ///< bool: shade with interpolated normals
     PIN_SPECULAR_DEPTH_DIRECT = 221,    ///< int: specular bounces of the direct light kernel
-    PIN_SPECULAR = 222,                 ///< texture: coat colour of the glossy material
+    PIN_SPECULAR = 222,                 ///< texture: coat colour of the glossy material; edge or highlights of others
     PIN_STATIC_NOISE = 223,             ///< bool: the same noise in each picture
     PIN_STEREO_DISTANCE = 224,          ///< float, metres: distance of the eyes
     PIN_STEREO_DISTANCE_FALLOFF = 225,  ///< float: how the eye distance falls towards the poles
@@ -92,17 +92,17 @@ enum PinId : std::int32_t {
     PIN_TARGET = 235,                   ///< float3, metres: point that the camera looks at
     PIN_TEXTURE_1 = 238,                ///< texture
     PIN_TEXTURE_2 = 239,                ///< texture
-    PIN_TEXTURE = 240,                  ///< texture input of an environment, a displacement or a gamma colour
-    PIN_UV_TRANSFORM = 243,             ///< transform of a texture
-    PIN_TRANSMISSION = 245,             ///< texture: transmission colour of the specular material
-    PIN_TURBIDITY = 246,                ///< float: haze of the sky, 2 to 15
-    PIN_UP = 248,                       ///< float3: up vector of a camera
-    PIN_UV_SET = 249,                   ///< int, 1 to 3
-    PIN_UV_MAX = 250,                   ///< float: UV value that is shown white
-    PIN_Z_DEPTH_MAX = 257,              ///< float, metres: depth that is shown white
-    PIN_VISIBLE_ENVIRONMENT = 303,      ///< second environment of a render target
-    PIN_FILM_SETTINGS = 311,            ///< film settings of a render target
-    PIN_GROUND_COLOR = 331,             ///< float3: linear RGB
+    PIN_TEXTURE = 240,              ///< texture input of an environment, an emission, a displacement, a gamma colour
+    PIN_UV_TRANSFORM = 243,         ///< transform of a texture
+    PIN_TRANSMISSION = 245,         ///< texture: transmission colour of the specular material
+    PIN_TURBIDITY = 246,            ///< float: haze of the sky, 2 to 15
+    PIN_UP = 248,                   ///< float3: up vector of a camera
+    PIN_UV_SET = 249,               ///< int, 1 to 3
+    PIN_UV_MAX = 250,               ///< float: UV value that is shown white
+    PIN_Z_DEPTH_MAX = 257,          ///< float, metres: depth that is shown white
+    PIN_VISIBLE_ENVIRONMENT = 303,  ///< second environment of a render target
+    PIN_FILM_SETTINGS = 311,        ///< film settings of a render target
+    PIN_GROUND_COLOR = 331,         ///< float3: linear RGB
 };
 
 }  // namespace Velmar
