@@ -17,12 +17,16 @@ constexpr Limits place = {-1.0e6, 1.0e6, -100.0, 100.0};
 
 constexpr PinRow position_pin = float3Pin(PIN_POSITION, "Position", {0.0F, 1.0F, 8.0F}, place, "Metres");
 constexpr PinRow target_pin = float3Pin(PIN_TARGET, "Target", {0.0F, 0.0F, 0.0F}, place, "Point looked at, metres");
-constexpr PinRow up_pin = float3Pin(PIN_UP, "Up vector", {0.0F, 1.0F, 0.0F}, {-1.0, 1.0, -1.0, 1.0});
+constexpr PinRow up_pin =
+    float3Pin(PIN_UP, "Up vector", {0.0F, 1.0F, 0.0F}, {-1.0, 1.0, -1.0, 1.0}, "What stands upright in the picture");
 constexpr PinRow near_clip_pin = floatPin(PIN_NEAR_CLIP_DEPTH, "Near clip depth", 0.0F, {0.0, 1.0e6, 0.0, 10.0},
                                           "Metres; what is nearer is cut away");
-constexpr PinRow stereo_output_pin = enumPin(PIN_STEREO_OUTPUT, "Stereo output", 0, stereo_outputs);
-constexpr PinRow left_filter_pin = colorPin(PIN_STEREO_FILTER_LEFT, "Left stereo filter", {1.0F, 0.0F, 0.812F});
-constexpr PinRow right_filter_pin = colorPin(PIN_STEREO_FILTER_RIGHT, "Right stereo filter", {0.0F, 1.0F, 0.188F});
+constexpr PinRow stereo_output_pin =
+    enumPin(PIN_STEREO_OUTPUT, "Stereo output", 0, stereo_outputs, "Which eyes see, and how two pictures make one");
+constexpr PinRow left_filter_pin = colorPin(PIN_STEREO_FILTER_LEFT, "Left stereo filter", {1.0F, 0.0F, 0.812F},
+                                            "Colour of the left eye in an anaglyph");
+constexpr PinRow right_filter_pin = colorPin(PIN_STEREO_FILTER_RIGHT, "Right stereo filter", {0.0F, 1.0F, 0.188F},
+                                             "Colour of the right eye in an anaglyph");
 
 constexpr PinRow thin_lens_pins[] = {
     position_pin,
@@ -42,8 +46,8 @@ constexpr PinRow thin_lens_pins[] = {
     floatPin(PIN_APERTURE, "Aperture", 0.0F, {0.0, 1.0e3, 0.0, 10.0}, "Radius of the lens opening, centimetres"),
     floatPin(PIN_APERTURE_ASPECT_RATIO, "Aperture aspect ratio", 1.0F, {0.1, 10.0, 0.1, 10.0}, "Width over height"),
     floatPin(PIN_APERTURE_EDGE, "Aperture edge", 1.0F, {1.0, 10.0, 1.0, 3.0}, "How much the rim is favoured, 1 even"),
-    floatPin(PIN_DISTORTION, "Distortion", 0.0F, {-1.0, 1.0, -1.0, 1.0}),
-    enumPin(PIN_STEREO_MODE, "Stereo mode", 1, stereo_modes),
+    floatPin(PIN_DISTORTION, "Distortion", 0.0F, {-1.0, 1.0, -1.0, 1.0}, "Of straight lines: 1 barrel, -1 pincushion"),
+    enumPin(PIN_STEREO_MODE, "Stereo mode", 1, stereo_modes, "How the eyes look: at the target, or side by side"),
     stereo_output_pin,
     floatPin(PIN_STEREO_DISTANCE, "Eye distance", 0.02F, {0.0, 1.0e3, 0.0, 1.0}, "Metres"),
     left_filter_pin,
@@ -51,7 +55,7 @@ constexpr PinRow thin_lens_pins[] = {
 };
 
 constexpr PinRow panoramic_pins[] = {
-    enumPin(PIN_PANORAMA_MODE, "Mode", 0, panorama_modes),
+    enumPin(PIN_PANORAMA_MODE, "Mode", 0, panorama_modes, "What the picture is wrapped on"),
     position_pin,
     target_pin,
     up_pin,
@@ -60,7 +64,8 @@ constexpr PinRow panoramic_pins[] = {
     near_clip_pin,
     stereo_output_pin,
     floatPin(PIN_STEREO_DISTANCE, "Eye distance", 0.065F, {0.0, 1.0e3, 0.0, 1.0}, "Metres"),
-    floatPin(PIN_STEREO_DISTANCE_FALLOFF, "Eye distance falloff", 0.3F, {0.001, 100.0, 0.01, 1.0}),
+    floatPin(PIN_STEREO_DISTANCE_FALLOFF, "Eye distance falloff", 0.3F, {0.001, 100.0, 0.01, 1.0},
+             "How the eye distance falls towards the poles; small is abrupt"),
     floatPin(PIN_BLACKOUT_LATITUDE, "Blackout latitude", 90.0F, {1.0, 90.0, 1.0, 90.0},
              "Degrees; beyond it a stereo panorama is black"),
     left_filter_pin,

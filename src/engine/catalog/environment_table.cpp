@@ -5,7 +5,7 @@
 namespace Velmar::Engine {
 namespace {
 
-constexpr PinRow power_pin = floatPin(PIN_POWER, "Power", 1.0F, {0.0, 1.0e6, 0.0, 10.0});
+constexpr PinRow power_pin = floatPin(PIN_POWER, "Power", 1.0F, {0.0, 1.0e6, 0.0, 10.0}, "Factor on all its light");
 constexpr PinRow importance_pin =
     boolPin(PIN_IMPORTANCE_SAMPLING, "Importance sampling", true, "Sample bright parts more often");
 
@@ -21,17 +21,19 @@ constexpr PinRow daylight_pins[] = {
     floatPin(PIN_TURBIDITY, "Turbidity", 2.4F, {2.0, 15.0, 2.0, 15.0}, "Haze of the sky"),
     power_pin,
     floatPin(PIN_NORTH_OFFSET, "North offset", 0.0F, {-1.0, 1.0, -1.0, 1.0}, "Turn of north, in full turns"),
-    intPin(PIN_DAYLIGHT_MODEL, "Model", 1, {0, 1, 0, 1}, "Sky model"),
-    colorPin(PIN_SKY_COLOR, "Sky colour", {0.25F, 0.58F, 1.0F}),
-    colorPin(PIN_SUNSET_COLOR, "Sunset colour", {0.79F, 0.38F, 0.17F}),
-    colorPin(PIN_GROUND_COLOR, "Ground colour", {0.2F, 0.18F, 0.16F}),
+    intPin(PIN_DAYLIGHT_MODEL, "Model", 1, {0, 1, 0, 1},
+           "0 the sky of the turbidity as it is, 1 tinted by the sky and sunset colours"),
+    colorPin(PIN_SKY_COLOR, "Sky colour", {0.25F, 0.58F, 1.0F}, "Of the sky away from a low sun"),
+    colorPin(PIN_SUNSET_COLOR, "Sunset colour", {0.79F, 0.38F, 0.17F}, "Of the sky near a low sun"),
+    colorPin(PIN_GROUND_COLOR, "Ground colour", {0.2F, 0.18F, 0.16F}, "Below the horizon"),
     floatPin(PIN_SUN_SIZE, "Sun size", 1.0F, {0.1, 30.0, 0.1, 30.0}, "Diameter, 1 its natural size"),
     importance_pin,
-    nodePin(PIN_TEXTURE, PIN_TYPE_TEXTURE, "Background texture", NODE_UNKNOWN, "Seen in place of the sky"),
+    nodePin(PIN_TEXTURE, PIN_TYPE_TEXTURE, "Background texture", NODE_UNKNOWN,
+            "All around in place of the sky; the sun stays"),
 };
 
 constexpr PinRow texture_environment_pins[] = {
-    colorTexturePin(PIN_TEXTURE, "Texture", {1.0F, 1.0F, 1.0F}),
+    colorTexturePin(PIN_TEXTURE, "Texture", {1.0F, 1.0F, 1.0F}, "A panorama of 360 by 180 degrees, or a colour"),
     power_pin,
     importance_pin,
 };

@@ -6,6 +6,8 @@
 
 namespace Velmar::Engine {
 
+constexpr Limits unit_limits = {0.0, 1.0, 0.0, 1.0};
+
 constexpr PinRow boolPin(PinId id, const char* label, bool value, const char* description = "") {
     PinRow row{.id = id, .kind = PIN_TYPE_BOOL, .label = label, .description = description};
     row.default_node = NODE_BOOL;
@@ -96,10 +98,12 @@ constexpr PinRow colorTexturePin(PinId id, const char* label, Vec3<float> value,
     return row;
 }
 
-/// A pin for a texture that is created with a plain number.
-constexpr PinRow floatTexturePin(PinId id, const char* label, float value, const char* description = "") {
+/// A pin for a texture that is created with a plain number; the limits are those of such a number.
+constexpr PinRow floatTexturePin(PinId id, const char* label, float value, Limits limits,
+                                 const char* description = "") {
     PinRow row = colorTexturePin(id, label, {value, 0.0F, 0.0F}, description);
     row.default_node = NODE_FLOAT;
+    row.limits = limits;
     return row;
 }
 

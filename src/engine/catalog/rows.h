@@ -11,8 +11,8 @@
 
 namespace Velmar::Engine {
 
-/// Limits of a number pin, the same for each component: of the field and of its slider. Values beyond them may be
-/// written and stay as they are; whoever uses a value guards against it.
+/// Limits of a number pin, the same for each component, or of the plain number on a texture pin: of the field and of
+/// its slider. Values beyond them may be written and stay as they are; whoever uses a value guards against it.
 struct Limits {
     double minimum = 0.0;
     double maximum = 0.0;

@@ -24,7 +24,7 @@ constexpr AttributeRow transform_attributes[] = {
 };
 
 constexpr PinRow scale_pins[] = {
-    float3Pin(PIN_SCALE, "Scale", {1.0F, 1.0F, 1.0F}, {-1.0e6, 1.0e6, 0.001, 1000.0}),
+    float3Pin(PIN_SCALE, "Scale", {1.0F, 1.0F, 1.0F}, {-1.0e6, 1.0e6, 0.001, 1000.0}, "Along each axis"),
 };
 
 constexpr AttributeRow scale_attributes[] = {
@@ -43,11 +43,12 @@ constexpr AttributeRow stand_in_attributes[] = {
 };
 
 constexpr NodeTypeRow valueRow(NodeType type, NodePinType output, const char* type_name, const char* name,
-                               std::span<const AttributeRow> attributes) {
+                               const char* description, std::span<const AttributeRow> attributes) {
     return {.type = type,
             .output = output,
             .type_name = type_name,
             .default_name = name,
+            .description = description,
             .attributes = attributes,
             .value = ValueSource::Attribute};
 }
@@ -63,7 +64,8 @@ constexpr NodeTypeRow linkRow(NodeType type, NodePinType output, const char* typ
 }
 
 constexpr NodeTypeRow rows[] = {
-    valueRow(NODE_TRANSFORM_2D, PIN_TYPE_TRANSFORM, "VELMAR_TRANSFORM2D", "2D transform", transform_attributes),
+    valueRow(NODE_TRANSFORM_2D, PIN_TYPE_TRANSFORM, "VELMAR_TRANSFORM2D", "2D transform",
+             "Turns, scales and moves a texture plane", transform_attributes),
     {.type = NODE_TRANSFORM_SCALE,
      .output = PIN_TYPE_TRANSFORM,
      .type_name = "VELMAR_SCALE",
@@ -72,20 +74,24 @@ constexpr NodeTypeRow rows[] = {
      .pins = scale_pins,
      .attributes = scale_attributes,
      .value = ValueSource::Scale},
-    valueRow(NODE_TRANSFORM_3D, PIN_TYPE_TRANSFORM, "VELMAR_TRANSFORM3D", "3D transform", transform_attributes),
-    valueRow(NODE_FLOAT, PIN_TYPE_FLOAT, "VELMAR_FLOAT", "Float value", float_value),
-    valueRow(NODE_COLOR, PIN_TYPE_FLOAT, "VELMAR_RGB", "RGB colour", color_value),
-    valueRow(NODE_TRANSFORM_MATRIX, PIN_TYPE_TRANSFORM, "VELMAR_MATRIX", "Matrix", transform_attributes),
-    valueRow(NODE_TRANSFORM_2D_ADVANCED, PIN_TYPE_TRANSFORM, "VELMAR_PLANETRANSFORM", "2D transform with pivot",
+    valueRow(NODE_TRANSFORM_3D, PIN_TYPE_TRANSFORM, "VELMAR_TRANSFORM3D", "3D transform",
+             "Turns, scales and moves in space", transform_attributes),
+    valueRow(NODE_FLOAT, PIN_TYPE_FLOAT, "VELMAR_FLOAT", "Float value",
+             "A number; as a texture, grey of that brightness", float_value),
+    valueRow(NODE_COLOR, PIN_TYPE_FLOAT, "VELMAR_RGB", "RGB colour", "A colour, as a value or as a texture",
+             color_value),
+    valueRow(NODE_TRANSFORM_MATRIX, PIN_TYPE_TRANSFORM, "VELMAR_MATRIX", "Matrix", "Any affine transform",
              transform_attributes),
-    valueRow(NODE_BOOL, PIN_TYPE_BOOL, "VELMAR_BOOL", "Bool value", bool_value),
-    valueRow(NODE_INT, PIN_TYPE_INT, "VELMAR_INT", "Int value", int_value),
-    valueRow(NODE_INT2, PIN_TYPE_INT, "VELMAR_INT2", "Int pair", int2_value),
-    valueRow(NODE_INT3, PIN_TYPE_INT, "VELMAR_INT3", "Int triple", int3_value),
-    valueRow(NODE_FLOAT2, PIN_TYPE_FLOAT, "VELMAR_FLOAT2", "Float pair", float2_value),
-    valueRow(NODE_FLOAT3, PIN_TYPE_FLOAT, "VELMAR_FLOAT3", "Float triple", float3_value),
-    valueRow(NODE_ENUM, PIN_TYPE_ENUM, "VELMAR_ENUM", "Enum value", int_value),
-    valueRow(NODE_STRING, PIN_TYPE_STRING, "VELMAR_STRING", "Text", string_value),
+    valueRow(NODE_TRANSFORM_2D_ADVANCED, PIN_TYPE_TRANSFORM, "VELMAR_PLANETRANSFORM", "2D transform with pivot",
+             "Turns and scales a texture plane about a point of it", transform_attributes),
+    valueRow(NODE_BOOL, PIN_TYPE_BOOL, "VELMAR_BOOL", "Bool value", "Yes or no", bool_value),
+    valueRow(NODE_INT, PIN_TYPE_INT, "VELMAR_INT", "Int value", "A whole number", int_value),
+    valueRow(NODE_INT2, PIN_TYPE_INT, "VELMAR_INT2", "Int pair", "Two whole numbers", int2_value),
+    valueRow(NODE_INT3, PIN_TYPE_INT, "VELMAR_INT3", "Int triple", "Three whole numbers", int3_value),
+    valueRow(NODE_FLOAT2, PIN_TYPE_FLOAT, "VELMAR_FLOAT2", "Float pair", "Two numbers", float2_value),
+    valueRow(NODE_FLOAT3, PIN_TYPE_FLOAT, "VELMAR_FLOAT3", "Float triple", "Three numbers", float3_value),
+    valueRow(NODE_ENUM, PIN_TYPE_ENUM, "VELMAR_ENUM", "Enum value", "A choice of those that the pin offers", int_value),
+    valueRow(NODE_STRING, PIN_TYPE_STRING, "VELMAR_STRING", "Text", "A text", string_value),
     {.type = NODE_PROJECT_SETTINGS,
      .output = PIN_TYPE_UNKNOWN,
      .type_name = "VELMAR_PROJECTSETTINGS",

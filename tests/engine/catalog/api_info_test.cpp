@@ -77,13 +77,14 @@ TEST(ApiInfo, ListsWhatMayStandOnAPin) {
     EXPECT_THAT(compatible(PIN_TYPE_ENVIRONMENT), ElementsAre(14, 37));
     EXPECT_THAT(compatible(PIN_TYPE_KERNEL), ElementsAre(23, 24, 25, 26));
     EXPECT_THAT(compatible(PIN_TYPE_GEOMETRY), ElementsAre(1, 2, 3, 5));
+    EXPECT_THAT(compatible(PIN_TYPE_EMISSION), ElementsAre(1010, 1011));
     EXPECT_THAT(compatible(PIN_TYPE_TRANSFORM), ElementsAre(27, 28, 29, 66, 67));
     EXPECT_THAT(compatible(PIN_TYPE_TEXTURE), AllOf(Contains(34), Contains(33), Contains(31), Not(Contains(16))));
     EXPECT_THAT(compatible(PIN_TYPE_FLOAT), AllOf(Contains(31), Contains(33), Not(Contains(34))));
 }
 
 TEST(ApiInfo, ListsNothingForKindsWithoutNodes) {
-    EXPECT_THAT(compatible(PIN_TYPE_EMISSION), ElementsAre());
+    EXPECT_THAT(compatible(PIN_TYPE_MEDIUM), ElementsAre());
     EXPECT_THAT(compatible(PIN_TYPE_UNKNOWN), ElementsAre());
     EXPECT_THAT(compatible(static_cast<NodePinType>(77)), ElementsAre());
 }

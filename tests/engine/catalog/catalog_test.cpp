@@ -120,7 +120,8 @@ TEST(Catalog, NoAttributeIsCalledNameOrType) {
 
 TEST(Catalog, NumbersOfTheEnginesOwnStartAt1000) {
     for (const NodeType type : {NODE_BOOL, NODE_INT, NODE_INT2, NODE_INT3, NODE_FLOAT2, NODE_FLOAT3, NODE_ENUM,
-                                NODE_STRING, NODE_SUN_DIRECTION, NODE_PROJECT_SETTINGS}) {
+                                NODE_STRING, NODE_SUN_DIRECTION, NODE_PROJECT_SETTINGS, NODE_TEXTURE_EMISSION,
+                                NODE_BLACKBODY_EMISSION, NODE_MIX_TEXTURE, NODE_CHECKER_TEXTURE, NODE_NOISE_TEXTURE}) {
         EXPECT_GE(type, 1000);
         EXPECT_LT(type, NODE_LINK_FIRST);
         EXPECT_NE(Catalog::find(type), nullptr);
@@ -146,6 +147,24 @@ TEST(Catalog, DefaultsOfNumberPinsLieWithinTheirLimits) {
     }
     EXPECT_GT(float_pins, 50);
     EXPECT_GT(int_pins, 10);
+}
+
+TEST(Catalog, TexturePinsWithAPlainNumberHaveItsLimitsAndOthersHaveNone) {
+    int numbers = 0;
+    for (const TypeEntry* entry : Catalog::types()) {
+        for (const PinRow& row : entry->row->pins) {
+            if (row.kind != PIN_TYPE_TEXTURE) continue;
+            if (row.default_node != NODE_FLOAT) {
+                EXPECT_EQ(row.limits.minimum, row.limits.maximum) << where(*entry, row);
+                continue;
+            }
+            ++numbers;
+            EXPECT_TRUE(isOrdered(row.limits)) << where(*entry, row);
+            EXPECT_GE(double{row.float_defaults[0]}, row.limits.minimum) << where(*entry, row);
+            EXPECT_LE(double{row.float_defaults[0]}, row.limits.maximum) << where(*entry, row);
+        }
+    }
+    EXPECT_GE(numbers, 8);
 }
 
 TEST(Catalog, EnumPinsHaveEntriesWithLabelsAndTheDefaultIsOneOfThem) {
@@ -366,6 +385,57 @@ TEST(Catalog, NodesHaveThePinsThatSettingsWrite) {
     EXPECT_TRUE(hasPins(NODE_MATERIAL_MAP, {59}));
     EXPECT_TRUE(hasPins(NODE_SCATTER, {59}));
     EXPECT_TRUE(hasPins(NODE_LINK_MATERIAL, {82}));
+}
+
+TEST(Catalog, NodesHaveThePinsThatTheRendererReads) {
+    const int emission = PIN_EMISSION;
+    for (const NodeType type : {NODE_MATERIAL_GLOSSY, NODE_MATERIAL_DIFFUSE, NODE_MATERIAL_SPECULAR,
+                                NODE_MATERIAL_METAL, NODE_MATERIAL_TOON}) {
+        EXPECT_TRUE(hasPins(type, {emission, PIN_ROUGHNESS, PIN_OPACITY, PIN_BUMP_HEIGHT}));
+    }
+    EXPECT_TRUE(hasPins(NODE_MATERIAL_GLOSSY, {PIN_INDEX, PIN_FILM_WIDTH, PIN_FILM_INDEX}));
+    EXPECT_TRUE(hasPins(NODE_MATERIAL_SPECULAR, {PIN_INDEX, PIN_FILM_WIDTH, PIN_DISPERSION, PIN_THIN}));
+    EXPECT_TRUE(hasPins(NODE_MATERIAL_MIX, {PIN_AMOUNT, PIN_MATERIAL_1, PIN_MATERIAL_2}));
+    EXPECT_TRUE(hasPins(NODE_TEXTURE_EMISSION, {PIN_TEXTURE, PIN_POWER, PIN_SURFACE_BRIGHTNESS}));
+    EXPECT_TRUE(hasPins(NODE_BLACKBODY_EMISSION, {PIN_TEMPERATURE, PIN_POWER, PIN_NORMALIZE}));
+    for (const NodeType type : {NODE_IMAGE, NODE_ALPHA_IMAGE, NODE_FLOAT_IMAGE}) {
+        EXPECT_TRUE(hasPins(type, {PIN_POWER, PIN_GAMMA, PIN_INVERT, PIN_UV_TRANSFORM, PIN_WRAP_U, PIN_WRAP_V}));
+    }
+    EXPECT_TRUE(hasPins(NODE_IMAGER, {PIN_EXPOSURE, PIN_GAMMA, PIN_SATURATION, PIN_RESPONSE, PIN_WHITE_POINT,
+                                      PIN_VIGNETTING, PIN_HOT_PIXEL_REMOVAL, PIN_DITHERING}));
+    EXPECT_TRUE(hasPins(NODE_POSTPROC, {PIN_ENABLED, PIN_BLOOM_POWER, PIN_BLOOM_SIZE, PIN_GLARE_POWER, PIN_GLARE_RAYS,
+                                        PIN_GLARE_LENGTH, PIN_CUTOFF}));
+}
+
+// Pins are told apart by their index too, so what came later stands behind.
+TEST(Catalog, PinsKeepTheirPlaces) {
+    struct Row {
+        NodeType type;
+        std::vector<int> first_pins;
+    };
+    const Row rows[] = {
+        {NODE_MATERIAL_GLOSSY, {30, 222, 1004, 1005, 18, 119, 34, 125, 218}},
+        {NODE_MATERIAL_DIFFUSE, {30, 18, 119, 34, 125, 218}},
+        {NODE_MATERIAL_SPECULAR, {145, 245, 1004, 1005, 18, 119, 34, 125, 218}},
+        {NODE_MATERIAL_MIX, {1003, 1001, 1002, 34}},
+        {NODE_MATERIAL_PORTAL, {1009}},
+        {NODE_MATERIAL_METAL, {30, 222, 1004, 18, 119, 34, 125, 218}},
+        {NODE_MATERIAL_TOON, {30, 222, 1004, 18, 119, 34, 125, 218}},
+        {NODE_IMAGE, {138, 57, 83, 243}},
+        {NODE_ALPHA_IMAGE, {138, 57, 83, 243}},
+        {NODE_FLOAT_IMAGE, {138, 57, 83, 243}},
+        {NODE_DISPLACEMENT, {240, 1006}},
+        {NODE_IMAGER, {1007, 57, 1008}},
+        {NODE_POSTPROC, {1009, 1010, 1011}},
+        {NODE_KERNEL_INFO_CHANNEL, {108, 81, 36, 144, 50, 2, 257, 250, 249, 109, 18, 72, 7, 3}},
+    };
+    for (const Row& row : rows) {
+        const std::span<const PinRow> pins = Catalog::find(row.type)->row->pins;
+        ASSERT_GE(pins.size(), row.first_pins.size()) << row.type;
+        for (std::size_t i = 0; i < row.first_pins.size(); ++i) {
+            EXPECT_EQ(pins[i].id, row.first_pins[i]) << "type " << row.type << " index " << i;
+        }
+    }
 }
 
 bool hasAttribute(NodeType type, int id, AttributeType kind, bool is_array) {
