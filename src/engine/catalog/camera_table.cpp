@@ -65,7 +65,7 @@ constexpr PinRow panoramic_pins[] = {
     stereo_output_pin,
     floatPin(PIN_STEREO_DISTANCE, "Eye distance", 0.065F, {0.0, 1.0e3, 0.0, 1.0}, "Metres"),
     floatPin(PIN_STEREO_DISTANCE_FALLOFF, "Eye distance falloff", 0.3F, {0.001, 100.0, 0.01, 1.0},
-             "How the eye distance falls towards the poles; small is abrupt"),
+             "How the eye distance falls towards the poles"),
     floatPin(PIN_BLACKOUT_LATITUDE, "Blackout latitude", 90.0F, {1.0, 90.0, 1.0, 90.0},
              "Degrees; beyond it a stereo panorama is black"),
     left_filter_pin,
