@@ -13,7 +13,7 @@ namespace Velmar {
 
 void ForAllInputNodes(ApiNode* node, const std::function<bool(ApiNode*, int)>& visit, int depth) {
     if (node == nullptr || depth > kDeepestInput) return;
-    if (depth > 0 && (!visit(node, depth) || depth >= kDeepestInput)) return;
+    if (depth > 0 && !visit(node, depth)) return;
     for (ApiNode* input : NodeUtils::AllInputNodes(node)) ForAllInputNodes(input, visit, depth + 1);
 }
 

@@ -36,7 +36,6 @@ void readPins(const Json::Value& json, NodeRecord& record) {
     const Json::Value& pins = list(json, "nodes");
     record.pins.reserve(pins.size());
     for (const Json::Value& element : pins) {
-        if (element.isNull()) continue;
         std::string pin_name = pinName(element);
         if (pin_name.empty()) continue;
         NodeRecord pin = readRecord(element);
