@@ -24,7 +24,7 @@ void require_type(VALUE value, int type);
 
 /// A number as rb_num2dbl reads it.
 inline double to_double(VALUE value) {
-    if (RB_FLOAT_TYPE_P(value)) return rb_float_value(value);
+    if (RB_FLOAT_TYPE_P(value)) return float_value(value);
     if (FIXNUM_P(value)) return static_cast<double>(FIX2LONG(value));
     return Detail::convert_double(value);
 }

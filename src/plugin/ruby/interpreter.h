@@ -3,6 +3,7 @@
 #pragma once
 
 // The interpreter's headers define macros that break these when they come later.
+#include <bit>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -42,6 +43,19 @@ inline void for_each_pair(VALUE hash, int (*visit)(VALUE key, VALUE value, VALUE
 #else
     rb_hash_foreach(hash, visit, data);
 #endif
+}
+
+/// rb_float_value, inline for the floats that stand in the reference itself: their exponent's three upper bits are
+/// folded into one and the word is turned left by three. That form has been the same since 2.0.
+inline double float_value(VALUE value) {
+#if USE_FLONUM && RUBY_API_VERSION_MAJOR < 4
+    constexpr VALUE zero = 0x8000000000000002;
+    if (RB_FLONUM_P(value) && value != zero) {
+        const VALUE turned = (2 - (value >> 63)) | (value & ~VALUE{3});
+        return std::bit_cast<double>(turned >> 3 | turned << 61);
+    }
+#endif
+    return rb_float_value(value);
 }
 
 /// rb_define_singleton_method. The name in parentheses is the function itself: newer headers cover it with a macro.

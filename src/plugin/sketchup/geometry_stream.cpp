@@ -80,7 +80,7 @@ void GeometryStream::AddVertex(float x_inches, float y_inches, float z_inches) {
 }
 
 std::uint32_t GeometryStream::LatestPosition() {
-    if (last_position_ == kNone) last_position_ = positions_.FindOrInsert(KeyOf(last_vertex_), {-1, kNone});
+    if (last_position_ == kNone) last_position_ = positions_.FindOrInsert({KeysOf(last_vertex_)}, {-1, kNone});
     return last_position_;
 }
 

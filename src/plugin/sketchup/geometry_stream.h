@@ -62,9 +62,9 @@ private:
     /// Two positions are one when their coordinates print alike with six decimals: the three numbers tell apart what
     /// the three texts in a row would, as each text ends with its sixth decimal (or is a word of three letters).
     struct PositionKey {
-        std::uint32_t x, y, z;
+        CoordinateKeys keys;
         friend bool operator==(const PositionKey&, const PositionKey&) = default;
-        std::uint64_t Hash() const { return MixBits(x | std::uint64_t{y} << 32, z); }
+        std::uint64_t Hash() const { return MixBits(keys.x | std::uint64_t{keys.y} << 32, keys.z); }
     };
     /// A position with a surface; again no two pairs could be mistaken for one another if they were written in a row.
     struct NormalKey {
@@ -95,9 +95,6 @@ private:
         std::uint32_t normal;    ///< place in keyed_normals_
     };
 
-    static PositionKey KeyOf(const Vec3<float>& position) {
-        return {CoordinateKey(position.x), CoordinateKey(position.y), CoordinateKey(position.z)};
-    }
     std::uint32_t LatestPosition();
     std::uint32_t FindOrInsertNormal(std::uint32_t position, std::uint32_t surface_id, int initial);
     int AppendNormal(const Vec3<float>& normal);

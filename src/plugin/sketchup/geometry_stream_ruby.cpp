@@ -22,8 +22,9 @@ VALUE SetGeometryStream(VALUE, VALUE definition_id, VALUE mesh_name) {
 VALUE WarmupStream(VALUE, VALUE point_count, VALUE index_count) {
     const unsigned int points = Ruby::to_uint(point_count);
     const unsigned int indices = Ruby::to_uint(index_count);
-    if (!SketchupManager::IsOpen()) return Qfalse;
-    SketchupManager::Geometry().Warmup(points, indices);
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    if (stream == nullptr) return Qfalse;
+    stream->Warmup(points, indices);
     return Qtrue;
 }
 
@@ -31,8 +32,9 @@ VALUE AddVertex(VALUE, VALUE x, VALUE y, VALUE z) {
     const float x_inches = Ruby::to_float(x);
     const float y_inches = Ruby::to_float(y);
     const float z_inches = Ruby::to_float(z);
-    if (!SketchupManager::IsOpen()) return Qfalse;
-    SketchupManager::Geometry().AddVertex(x_inches, y_inches, z_inches);
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    if (stream == nullptr) return Qfalse;
+    stream->AddVertex(x_inches, y_inches, z_inches);
     return Qtrue;
 }
 
@@ -41,8 +43,9 @@ VALUE AddNormal(VALUE, VALUE x, VALUE y, VALUE z, VALUE surface) {
     const float ny = Ruby::to_float(y);
     const float nz = Ruby::to_float(z);
     const int surface_id = Ruby::to_int(surface);
-    if (!SketchupManager::IsOpen()) return Qfalse;
-    SketchupManager::Geometry().AddNormal(nx, ny, nz, surface_id);
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    if (stream == nullptr) return Qfalse;
+    stream->AddNormal(nx, ny, nz, surface_id);
     return Qtrue;
 }
 
@@ -50,30 +53,35 @@ VALUE AddUvw(VALUE, VALUE u_value, VALUE v_value, VALUE q_value) {
     const float u = Ruby::to_float(u_value);
     const float v = Ruby::to_float(v_value);
     const float q = Ruby::to_float(q_value);
-    if (!SketchupManager::IsOpen()) return Qfalse;
-    SketchupManager::Geometry().AddUvw(u, v, q);
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    if (stream == nullptr) return Qfalse;
+    stream->AddUvw(u, v, q);
     return Qtrue;
 }
 
 VALUE AddVertexIndex(VALUE, VALUE number) {
     const unsigned int point_number = Ruby::to_uint(number);
-    return Ruby::to_value(SketchupManager::Geometry().AddVertexIndex(point_number));
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    return Ruby::to_value(stream != nullptr && stream->AddVertexIndex(point_number));
 }
 
 VALUE AddNormalIndex(VALUE, VALUE number) {
     const unsigned int point_number = Ruby::to_uint(number);
-    return Ruby::to_value(SketchupManager::Geometry().AddNormalIndex(point_number));
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    return Ruby::to_value(stream != nullptr && stream->AddNormalIndex(point_number));
 }
 
 VALUE AddUvwIndex(VALUE, VALUE number) {
     const int uvw_number = Ruby::to_int(number);
-    return Ruby::to_value(SketchupManager::Geometry().AddUvwIndex(uvw_number));
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    return Ruby::to_value(stream != nullptr && stream->AddUvwIndex(uvw_number));
 }
 
 VALUE AddFace(VALUE, VALUE face_id, VALUE material_id, VALUE first, VALUE end) {
     const Face face{Ruby::to_int(face_id), Ruby::to_int(material_id), Ruby::to_int(first), Ruby::to_int(end)};
-    if (!SketchupManager::IsOpen()) return Qfalse;
-    SketchupManager::Geometry().AddFace(face);
+    GeometryStream* const stream = SketchupManager::OpenStream();
+    if (stream == nullptr) return Qfalse;
+    stream->AddFace(face);
     return Qtrue;
 }
 

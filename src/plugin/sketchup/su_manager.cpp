@@ -35,14 +35,14 @@ bool SketchupManager::Init() {
     tables.root_def = std::make_shared<Definition>(kRootDefinitionId);
     tables.active_entity_id = kRootDefinitionId;
     SetEntity(kRootDefinitionId, tables.root_def);
-    tables.open = true;
+    open_stream_ = &tables.stream;
     SketchupManagerExt::Init();
     LOG(INFO) << "SketchupManager Created";
     return true;
 }
 
 void SketchupManager::Cleanup() {
-    tables.open = false;
+    open_stream_ = nullptr;
     tables.edit_mode_instances.clear();
     tables.materials.clear();
     tables.definitions.clear();
@@ -52,7 +52,7 @@ void SketchupManager::Cleanup() {
 }
 
 bool SketchupManager::IsOpen() {
-    return tables.open;
+    return open_stream_ != nullptr;
 }
 
 std::shared_ptr<Entity> SketchupManager::GetEntity(int id) {

@@ -104,6 +104,8 @@ public:
     // --- The geometry stream. ---
 
     static GeometryStream& Geometry();
+    /// The same, but null outside the manager's life. Inline, as every number of a mesh asks for it.
+    static GeometryStream* OpenStream() { return open_stream_; }
     /// Begins the geometry of a definition; whether that exists is asked at the end.
     static void SetGeometryStream(int definition_id, const std::string& mesh_name);
     /// Hands the stream to its definition and clears it, whatever comes of it. `settings` is JSON text or empty. False
@@ -141,6 +143,9 @@ public:
     static void DiscardVelmarMaterial(ApiNode* node);
     /// A render material was swapped for another.
     static void ReplaceVelmarMaterial(ApiNode* old_node, ApiNode* new_node);
+
+private:
+    static inline GeometryStream* open_stream_ = nullptr;
 };
 
 }  // namespace Velmar

@@ -20,7 +20,6 @@ struct SuTables {
     /// an SDK that is gone already.
     static SuTables& Shared();
 
-    bool open = false;                                       ///< between Init and Cleanup
     EntityTable entities;                                    ///< everything, the root included; what all lookups use
     std::map<int, std::shared_ptr<Definition>> definitions;  ///< every definition that was added; not the root
     std::map<int, std::shared_ptr<SuMaterial>> materials;

@@ -17,6 +17,15 @@
 namespace Velmar {
 namespace {
 
+/// The key of one coordinate, which must not depend on the place that it takes among the three.
+std::uint32_t CoordinateKey(float coordinate) {
+    const CoordinateKeys keys = KeysOf({coordinate, -3.0f, coordinate});
+    const CoordinateKeys moved = KeysOf({1e30f, coordinate, -0.0f});
+    EXPECT_EQ(keys.x, keys.z);
+    EXPECT_EQ(keys.x, moved.y);
+    return keys.x;
+}
+
 std::string TextOf(float coordinate) {
     char text[64];
     std::snprintf(text, sizeof text, "%f", static_cast<double>(coordinate));
