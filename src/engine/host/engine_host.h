@@ -12,29 +12,29 @@ namespace Velmar::Engine {
 
 /// How far the picture is.
 struct RenderProgress {
-    int width = 0;           ///< pixels
-    int height = 0;          ///< pixels
-    int samples = 0;         ///< whole passes over the film that are done, samples per pixel
-    int max_samples = 0;     ///< samples per pixel at which rendering ends by itself
-    double seconds = 0.0;    ///< time spent rendering since the film was cleared
-    bool running = false;    ///< the render threads work
+    int width = 0;         ///< pixels
+    int height = 0;        ///< pixels
+    int samples = 0;       ///< whole passes over the film that are done, samples per pixel
+    int max_samples = 0;   ///< samples per pixel at which rendering ends by itself
+    double seconds = 0.0;  ///< time spent rendering since the film was cleared
+    bool running = false;  ///< the render threads work
 };
 
 enum class WaitResult {
-    SamplesReached,    ///< the film holds the samples asked for, or all that it will get
-    TimeLimit,         ///< the time ran out first
-    Interrupted,       ///< interrupt() was called
-    NothingToRender,   ///< the engine does not run, or has no render target
+    SamplesReached,   ///< the film holds the samples asked for, or all that it will get
+    TimeLimit,        ///< the time ran out first
+    Interrupted,      ///< interrupt() was called
+    NothingToRender,  ///< the engine does not run, or has no render target
 };
 
 /// Work since the last resetStatistics(), but for the counts that say how much there is now.
 struct RenderStatistics {
     // How much there is now.
-    std::uint64_t meshes = 0;                    ///< distinct meshes in the render scene
-    std::uint64_t triangles = 0;                 ///< triangles of all meshes, each mesh once
-    std::uint64_t acceleration_structures = 0;   ///< one per mesh, however many placements
-    std::uint64_t instance_lists = 0;            ///< lists of matrices, one per scatter
-    std::uint64_t placements = 0;                ///< matrices in all lists
+    std::uint64_t meshes = 0;                   ///< distinct meshes in the render scene
+    std::uint64_t triangles = 0;                ///< triangles of all meshes, each mesh once
+    std::uint64_t acceleration_structures = 0;  ///< one per mesh, however many placements
+    std::uint64_t instance_lists = 0;           ///< lists of matrices, one per scatter
+    std::uint64_t placements = 0;               ///< matrices in all lists
     // What was done.
     std::uint64_t meshes_built = 0;
     std::uint64_t meshes_kept = 0;
@@ -44,7 +44,7 @@ struct RenderStatistics {
     std::uint64_t top_levels_built = 0;
     std::uint64_t cameras_built = 0;
     std::uint64_t film_restarts = 0;
-    std::uint64_t updates = 0;                   ///< calls of ApiChangeManager::update
+    std::uint64_t updates = 0;  ///< calls of ApiChangeManager::update
 };
 
 /// Static functions over the one engine of the process.
