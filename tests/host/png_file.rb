@@ -2,7 +2,7 @@
 
 require 'zlib'
 
-# Reads 8-bit PNG files of red, green and blue, with or without opacity (W3C PNG specification, second edition).
+# Reads 8-bit PNG files of red, green and blue, with or without opacity (W3C Recommendation, second edition).
 class PngFile
   attr_reader :width, :height
 
