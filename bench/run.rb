@@ -16,7 +16,9 @@ lib = File.expand_path("lib", build)
 programs = [
   [RbConfig.ruby, "--disable=gems", File.join(__dir__, "stream_bench.rb"), lib],
   [File.join(bin, "weld_bench")],
-  [File.join(bin, "apply_bench")]
+  [File.join(bin, "apply_bench")],
+  [File.join(bin, "text_bench")],
+  [File.join(bin, "node_bench")]
 ]
 
 Row = Struct.new(:name, :reference, :ours, :ratio, :goal) do
