@@ -10,9 +10,13 @@ std::atomic<std::size_t> allocations{0};
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Both forms of new are replaced, as delete is one for both.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* memory = std::malloc(size)) return memory;
+    return std::malloc(size);
+}
+void* operator new(std::size_t size) {
+    if (void* memory = operator new(size, std::nothrow)) return memory;
     throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept {
