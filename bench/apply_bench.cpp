@@ -4,13 +4,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <memory>
+#include <string>
 #include <vector>
 
-#include "plugin/sketchup/definition.h"
-#include "plugin/sketchup/mesh_material_map.h"
+#include "plugin/sketchup/instance.h"
 #include "plugin/sketchup/su_manager.h"
+#include "plugin/velmar/render_targets.h"
 #include "plugin/velmar/vel_manager.h"
 #include "ratio_rounds.h"
 
@@ -84,11 +83,31 @@ private:
     std::vector<Float4x4> local_, world_;
 };
 
-/// What apply_geometry does before it hands the scene to the engine.
-void EvaluateScene() {
+void Walk() {
     SketchupManager::ClearDefinitionsMatrices();
     SketchupManager::EvaluateEntities();
-    SketchupManager::GetDefinition(kMesh)->mesh_maps.at(kNoId)->GetGeometry();
+}
+
+/// The whole call, and the part of it that walks over the placements. The scene stands, so the engine has nothing to
+/// do.
+void MeasureModel(const std::string& model, double goal, Products& products) {
+    const auto bare = [&products] { products(); };
+    Bench::Compare(("apply_geometry, " + model + " / bare products").c_str(), goal, bare,
+                   SketchupManager::ApplyGeometryLocal);
+    Bench::Compare("  of that, the walk over the placements", 0.0, bare, Walk);
+}
+
+/// The same after an instance was moved, up to the scene graph: without a render target the engine is not asked.
+void MeasureMove(Products& products) {
+    RenderTargets::Shared().nodes.clear();
+    VelmarManager::FlushGeometryGroup();
+    float position = 0.0f;
+    Bench::Compare(
+        "  after a move, with the scene graph's copy of all matrices", 0.0, [&products] { products(); },
+        [&position] {
+            SketchupManager::GetInstance(kFirstInstance)->transform[12] = ++position;
+            SketchupManager::ApplyGeometryLocal();
+        });
 }
 
 }  // namespace
@@ -97,23 +116,12 @@ int main() {
     if (!apiMode_Shared_start("bench", false, nullptr, nullptr, nullptr)) return EXIT_FAILURE;
     VelmarManager::CreateRenderTarget();
     Products products;
-    const auto bare = [&products] { products(); };
     BuildNested();
-    Bench::Compare("apply_geometry, 1000 x 1000 nested placements / bare products", 1.0 / 3, bare,
-                   SketchupManager::ApplyGeometryLocal);
-    Bench::Compare("  of that, without the engine's update", 1.0 / 3, bare, EvaluateScene);
-    Bench::Compare("  of that, the walk", 1.0 / 3, bare, [] {
-        SketchupManager::ClearDefinitionsMatrices();
-        SketchupManager::EvaluateEntities();
-    });
+    MeasureModel("1000 x 1000 nested placements", 1.0 / 3, products);
     BuildFlat();
-    Bench::Compare("apply_geometry, a million instances / bare products", 1.0 / 3, bare,
-                   SketchupManager::ApplyGeometryLocal);
-    Bench::Compare("  of that, without the engine's update", 1.0 / 3, bare, EvaluateScene);
-    Bench::Compare("  of that, the walk", 1.0 / 3, bare, [] {
-        SketchupManager::ClearDefinitionsMatrices();
-        SketchupManager::EvaluateEntities();
-    });
+    MeasureModel("a million instances side by side", 0.0, products);
+    BuildNested();
+    MeasureMove(products);
     SketchupManager::FlushGeometryLocal();
     SketchupManager::Cleanup();
     apiMode_Shared_exit(nullptr);

@@ -38,6 +38,7 @@ class Terrain
 
   # Each corner of each triangle as a point of its own, with its normal.
   def add_corner_points(stream)
+    stream.warmup_stream(@corners.size, 0)
     row = 0
     while row < @rows
       y0 = @ys[row]

@@ -27,7 +27,7 @@ public:
     const int id;
     const Type type;
     /// Number of the latest garbage collection that found it among the children of a definition.
-    std::uint64_t listed_in = 0;
+    std::uint32_t listed_in = 0;
 };
 
 }  // namespace Velmar

@@ -92,7 +92,7 @@ void SketchupManager::AddInstance(int id, const Placing& placing, std::vector<Fl
     instance->definition_id = placing.definition_id;
     instance->material_id = placing.material_id;
     instance->transform = placing.transform;
-    instance->placements = std::move(placements);
+    instance->SetPlacements(std::move(placements));
     if (edit_mode) {
         instance->SetEditTransform(tables.edit_transform);
         instance->edit_mode = true;

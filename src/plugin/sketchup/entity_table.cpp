@@ -91,7 +91,8 @@ EntityTable::Map::const_iterator EntityTable::Erase(Map::const_iterator position
 }
 
 void EntityTable::Clear() {
-    const Map gone = std::exchange(entries_, {});
+    Map gone(&nodes_);
+    gone.swap(entries_);
     index_.Clear();
     instance_count_ = 0;
     empty_count_ = 0;

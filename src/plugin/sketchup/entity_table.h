@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <memory_resource>
 #include <vector>
 
 #include "plugin/sketchup/definition.h"
@@ -53,7 +54,7 @@ private:
 /// The table. A null entity may stand under an id; it counts as absent in every lookup.
 class EntityTable {
 public:
-    using Map = std::map<int, std::shared_ptr<Entity>>;
+    using Map = std::pmr::map<int, std::shared_ptr<Entity>>;
 
     /// Each answers the entity of that id, or null when there is none or it is of another kind. Valid while it stands
     /// in the table.
@@ -82,7 +83,8 @@ private:
     }
     void Count(const Entity* entity, std::ptrdiff_t step);
 
-    Map entries_;
+    std::pmr::unsynchronized_pool_resource nodes_;  ///< keeps the tree's nodes out from between the entities
+    Map entries_{&nodes_};
     EntityIndex index_;
     std::size_t instance_count_ = 0;
     std::size_t empty_count_ = 0;

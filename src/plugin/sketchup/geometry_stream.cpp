@@ -68,17 +68,20 @@ void GeometryStream::Clear() {
 }
 
 void GeometryStream::AddVertex(float x_inches, float y_inches, float z_inches) {
-    last_vertex_ = PointFromHost(x_inches, y_inches, z_inches);
-    last_position_ = kNone;
-    const std::uint32_t place = LatestPosition();
-    int& vertex = positions_[place].value.vertex;
+    const Vec3<float> position = PointFromHost(x_inches, y_inches, z_inches);
+    const std::uint32_t place = positions_.FindOrInsert({KeysOf(position)}, {-1, kNone});
+    int vertex = positions_[place].value.vertex;
     if (vertex < 0) {
-        mesh_vertices.push_back(last_vertex_);
+        mesh_vertices.push_back(position);
         vertex = static_cast<int>(mesh_vertices.size() - 1);
+        positions_[place].value.vertex = vertex;
     }
     points_.push_back({place, vertex});
+    last_vertex_ = position;
+    last_position_ = place;
 }
 
+/// The place of the latest position, also of one that an earlier stream has left.
 std::uint32_t GeometryStream::LatestPosition() {
     if (last_position_ == kNone) last_position_ = positions_.FindOrInsert({KeysOf(last_vertex_)}, {-1, kNone});
     return last_position_;
@@ -107,7 +110,7 @@ int GeometryStream::AppendNormal(const Vec3<float>& normal) {
 
 void GeometryStream::AddNormal(float x, float y, float z, int surface_id) {
     const Vec3<float> normal = DirectionFromHost(x, y, z);
-    const std::uint32_t position = LatestPosition();
+    const std::uint32_t position = last_position_ != kNone ? last_position_ : LatestPosition();
     auto surface = static_cast<std::uint32_t>(surface_id);
     std::uint32_t place = FindOrInsertNormal(position, surface, -1);
 
@@ -124,7 +127,8 @@ void GeometryStream::AddNormal(float x, float y, float z, int surface_id) {
             keyed_normals_[place].normal = AppendNormal(normal);
         }
     }
-    surfaces_.push_back({surface, position, place});
+    const bool is_paired = points_.size() == surfaces_.size() + 1 && points_.back().position == position;
+    surfaces_.push_back({surface, is_paired ? place : kNone});
 }
 
 bool GeometryStream::AddVertexIndex(std::uint32_t point_number) {
@@ -143,11 +147,9 @@ bool GeometryStream::AddNormalIndex(std::uint32_t point_number) {
     }
     const Surface& surface = surfaces_[point];
     std::uint32_t place = surface.normal;
-    // Where calls were not paired, the point and the surface of one number belong to different positions: their key is
-    // looked up, and a key that nobody has given a normal to is bound to the first one.
-    if (surface.position != points_[point].position) {
-        place = FindOrInsertNormal(points_[point].position, surface.surface_id, 0);
-    }
+    // Where calls were not paired, the point may be another one than the normal was given for: the key is looked up,
+    // and one that nobody has given a normal to is bound to the first normal.
+    if (place == kNone) place = FindOrInsertNormal(points_[point].position, surface.surface_id, 0);
     normal_indices.push_back(keyed_normals_[place].normal);
     return true;
 }

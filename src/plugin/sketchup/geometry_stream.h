@@ -88,11 +88,10 @@ private:
         std::uint32_t position;  ///< place in positions_
         int vertex;              ///< index in mesh_vertices
     };
-    /// What the AddNormal of the same number has left. Points and surfaces run in step when calls are paired.
+    /// What the AddNormal of the same number has left.
     struct Surface {
         std::uint32_t surface_id;
-        std::uint32_t position;  ///< place in positions_ that the normal was given for
-        std::uint32_t normal;    ///< place in keyed_normals_
+        std::uint32_t normal;  ///< place in keyed_normals_; kNone when the point of this number had not just come
     };
 
     std::uint32_t LatestPosition();

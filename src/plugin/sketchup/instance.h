@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "plugin/sketchup/entity.h"
@@ -21,6 +22,15 @@ public:
     void SetEditTransform(const Float4x4& edit_transform);
     Float4x4 GetEditTransform() const { return edit_transform_ != nullptr ? *edit_transform_ : Float4x4(); }
 
+    /// The instance's matrices in the definition that holds it: its placements, or where it has none, its transform.
+    /// Valid until the instance changes.
+    std::span<const Float4x4> Matrices() const {
+        if (placements_ != nullptr) return *placements_;
+        return {&transform, 1};
+    }
+    bool HasPlacements() const { return placements_ != nullptr; }
+    void SetPlacements(std::vector<Float4x4> placements);
+
     // Laid out for scene evaluations, which read very many instances: small, and what each visit reads side by side.
     bool edit_mode = false;  ///< it is being moved in the host's edit context
     bool visible = true;
@@ -28,10 +38,10 @@ public:
     int material_id = kNoId;  ///< painted on the instance
 
 private:
-    std::unique_ptr<Float4x4> edit_transform_;  ///< null for the identity
+    std::unique_ptr<Float4x4> edit_transform_;           ///< null for the identity
+    std::unique_ptr<std::vector<Float4x4>> placements_;  ///< null for none
 
 public:
-    std::vector<Float4x4> placements;  ///< where not empty, these stand in for `transform`
     Float4x4 transform;
 };
 

@@ -18,12 +18,6 @@ void Prefetch(const Instance* instance) {
     for (std::size_t line = 0; line < sizeof(Instance); line += 64) __builtin_prefetch(memory + line);
 }
 
-/// An instance's matrices in the definition that holds it.
-std::span<const Float4x4> PlacementsOf(const Instance& instance) {
-    if (instance.placements.empty()) return {&instance.transform, 1};
-    return instance.placements;
-}
-
 }  // namespace
 
 SceneWalk::~SceneWalk() {
@@ -109,12 +103,12 @@ void SceneWalk::PlanNext(Level& level) {
 }
 
 void SceneWalk::PlanChild(ChildPlan& plan, Instance& child) {
-    if (!child.visible && child.placements.empty()) return;
+    if (!child.visible && !child.HasPlacements()) return;
     Definition* const definition = FindDefinition(child.definition_id);
     if (definition == nullptr) return;
 
     child.UpdateTransform();
-    const std::span<const Float4x4> placements = PlacementsOf(child);
+    const std::span<const Float4x4> placements = child.Matrices();
     const bool is_branch = definition->proxy == nullptr && !definition->child_ids.empty();
     ChildPlan::Step* const last = plan.steps.empty() ? nullptr : &plan.steps.back();
     if (!is_branch && last != nullptr && last->branch == nullptr && last->definition == definition &&
@@ -152,7 +146,7 @@ void SceneWalk::TakeSteps(Level& level) {
 
 /// Puts the definition of a child that holds others at the end of the path.
 void SceneWalk::Descend(const Level& parent, const ChildPlan::Step& step, int material_id) {
-    const std::span<const Float4x4> placements = PlacementsOf(*step.branch);
+    const std::span<const Float4x4> placements = step.branch->Matrices();
     Definition& definition = *step.definition;
     const std::vector<Instance*>& children = definition.ChildInstances(entities_);
     path_.push_back({.definition = &definition,

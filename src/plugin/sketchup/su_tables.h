@@ -33,7 +33,7 @@ struct SuTables {
 
     std::uint64_t walks = 0;               ///< number of the latest walk of a scene evaluation
     std::uint64_t definition_changes = 0;  ///< goes up with each change of `definitions`
-    std::uint64_t collection = 0;          ///< number of the latest garbage collection
+    std::uint32_t collection = 0;          ///< number of the latest garbage collection
     std::uint64_t collected_state = 0;  ///< state of tables and lists that it left, in which nothing is to be dropped
 };
 

@@ -71,7 +71,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t kSlotsPerEntry = 8;
+    static constexpr std::size_t kSlotsPerEntry = 4;
     static constexpr std::size_t kFirstSlots = 4096;
     static constexpr std::size_t kMostFirstSlots = 1 << 20;
     static constexpr std::size_t kMostSlots = std::size_t{1} << 31;

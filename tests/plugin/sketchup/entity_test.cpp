@@ -26,7 +26,7 @@ TEST(Instance, StartsVisibleUnplacedAndUnpainted) {
     EXPECT_TRUE(instance.visible);
     EXPECT_EQ(instance.transform, Float4x4());
     EXPECT_EQ(instance.GetEditTransform(), Float4x4());
-    EXPECT_TRUE(instance.placements.empty());
+    EXPECT_FALSE(instance.HasPlacements());
     EXPECT_EQ(instance.definition_id, -1);
     EXPECT_EQ(instance.material_id, -1);
 }

@@ -233,13 +233,11 @@ TEST_F(SceneEvaluation, AWalkThatIsCutShortLeavesNoDefinitionMarked) {
 /// The walk in the plainest words, to compare with.
 void PlainWalk(const Instance& instance, const Float4x4& parent, int inherited,
                std::map<std::pair<int, int>, std::vector<Matrix<float>>>& placed) {
-    if (!instance.visible && instance.placements.empty()) return;
+    if (!instance.visible && !instance.HasPlacements()) return;
     const auto definition = SketchupManager::GetDefinition(instance.definition_id);
     if (definition == nullptr) return;
     const int material = instance.material_id != -1 ? instance.material_id : inherited;
-    auto list = instance.placements;
-    if (list.empty()) list.push_back(instance.transform);
-    for (const Float4x4& local : list) {
+    for (const Float4x4& local : instance.Matrices()) {
         const Float4x4 world = local * parent;
         if (definition->mesh != nullptr) placed[{definition->id, material}].push_back(world.ToRenderer());
         for (const int id : definition->child_ids) {

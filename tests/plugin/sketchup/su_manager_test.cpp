@@ -194,7 +194,7 @@ TEST_F(SuManager, AnInstanceReplacesWhateverStandsUnderItsId) {
     EXPECT_EQ(instance->definition_id, 7);
     EXPECT_EQ(instance->material_id, 8);
     EXPECT_EQ(instance->transform, shifted(2));
-    EXPECT_THAT(instance->placements, ElementsAre(shifted(3)));
+    EXPECT_THAT(instance->Matrices(), ElementsAre(shifted(3)));
     EXPECT_TRUE(instance->visible);
     EXPECT_FALSE(instance->edit_mode);
 }
@@ -215,7 +215,7 @@ TEST_F(SuManager, UpdateInstanceAddsAnUnknownOneVisible) {
     EXPECT_TRUE(SketchupManager::UpdateInstance(1, {7, 8, shifted(2)}, {shifted(3)}, false));
     const auto instance = SketchupManager::GetInstance(1);
     EXPECT_TRUE(instance->visible);
-    EXPECT_THAT(instance->placements, ElementsAre(shifted(3)));
+    EXPECT_THAT(instance->Matrices(), ElementsAre(shifted(3)));
 }
 
 TEST_F(SuManager, UpdateInstanceReportsEachKindOfChange) {
@@ -226,7 +226,7 @@ TEST_F(SuManager, UpdateInstanceReportsEachKindOfChange) {
         return SketchupManager::UpdateInstance(1, placing, {shifted(9)}, visible);
     };
     EXPECT_FALSE(update(true));
-    EXPECT_THAT(instance->placements, IsEmpty()) << "placements are read for a new instance alone";
+    EXPECT_FALSE(instance->HasPlacements()) << "placements are read for a new instance alone";
     placing.material_id = 9;
     EXPECT_TRUE(update(true));
     EXPECT_FALSE(update(true));
