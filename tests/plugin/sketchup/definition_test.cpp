@@ -14,7 +14,6 @@ namespace {
 
 using DefinitionTest = TestSupport::MirrorTest;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 TEST_F(DefinitionTest, TheStreamBecomesTheMeshNodesAttributesInOrder) {

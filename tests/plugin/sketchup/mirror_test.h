@@ -1,6 +1,7 @@
 // What tests of the model mirror share: a running SDK with a render target, the managers' tables, small models.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <velmar/graph.h>
 #include <velmar/info.h>

@@ -4,6 +4,7 @@
 
 #include <climits>
 #include <cmath>
+#include <map>
 #include <random>
 
 #include "plugin/sketchup/mirror_test.h"
